@@ -1,0 +1,56 @@
+# How every target of the project is compiled, and the functions that make them.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  # Precompiled headers are cached only when their time stamps and macros may differ.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+endif()
+
+add_library(ambrelune_options INTERFACE)
+target_compile_definitions(
+  ambrelune_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+                              QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+                              QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(
+  ambrelune_options
+  INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+            -Wcast-align -Wnull-dereference -Wdouble-promotion
+            $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+if(AMBRELUNE_WERROR)
+  target_compile_options(ambrelune_options INTERFACE -Werror)
+endif()
+if(AMBRELUNE_SANITIZE)
+  target_compile_options(ambrelune_options
+                         INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                   -fno-omit-frame-pointer)
+  target_link_options(ambrelune_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# ambrelune_library(NAME FOLDER LINK... ): the static library of one folder under src/, of all
+# the sources in it, with the folder as its include directory.
+function(ambrelune_library name)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ambrelune_options)
+  target_precompile_headers(${name} PRIVATE <QColor> <QFont> <QHash> <QList> <QMap> <QObject>
+                            <QString> <QStringList> <algorithm> <array> <memory> <vector>)
+endfunction()
+
+# ambrelune_test(NAME SOURCES... LINK...): a Qt Test program that ctest runs without a display.
+function(ambrelune_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} ambrelune_test_support ambrelune_options)
+  target_precompile_headers(${name} REUSE_FROM ambrelune_test_support)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
+endfunction()

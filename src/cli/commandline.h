@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QCommandLineParser>
+
+#include <optional>
+
+/// The command line of one command: the toolkit's parser with this tool's exit statuses. After
+/// parse() has returned a status, the program should end with it.
+class CommandLine
+{
+public:
+    /// `syntax` follows the command's name in the usage line, as in "PLAN".
+    CommandLine(const QString &command, const QString &description);
+
+    void addOption(const QCommandLineOption &option) { m_parser.addOption(option); }
+    /// Adds -o and --output, which the command then needs.
+    void addOutputOption();
+
+    /// Reads the arguments: all options must be known and exactly one plan be named. Prints the
+    /// help text if asked to. Without a result the command may go on.
+    std::optional<int> parse(const QStringList &arguments);
+
+    QString plan() const { return m_parser.positionalArguments().at(1); }
+    QString output() const { return m_parser.value(QStringLiteral("output")); }
+    bool isSet(const QString &option) const { return m_parser.isSet(option); }
+    QString value(const QString &option) const { return m_parser.value(option); }
+    /// An option's whole number in 0..most; complains and gives nothing if it is not one.
+    std::optional<qint64> number(const QString &option, qint64 most) const;
+
+    /// Prints one line of complaint and returns ExitUsage.
+    int refuse(const QString &complaint) const;
+
+private:
+    QCommandLineParser m_parser;
+    QString m_command;
+    bool m_needsOutput = false;
+};

@@ -1,0 +1,19 @@
+#include "commandline.h"
+#include "commands.h"
+#include "console.h"
+#include "kwdocument.h"
+
+int saveCommand(const QStringList &arguments)
+{
+    CommandLine line(QStringLiteral("save"),
+                     QStringLiteral("Loads a plan and writes it again, as the program does."));
+    line.addOutputOption();
+    if (const auto status = line.parse(arguments))
+        return *status;
+    KWDocument document;
+    KWViewSettings views;
+    bool versionDiffers = false;
+    if (const int status = loadPlan(document, line.plan(), views, versionDiffers))
+        return status;
+    return writeOutput(line.output(), document.toPlanText(views));
+}

@@ -1,0 +1,222 @@
+#include "kwdocument.h"
+
+namespace {
+constexpr double feetInAMetre = 3.281;
+
+int documentsAlive = 0;
+int eventBlockDepth = 0;
+
+double fromMetres(double metres, int units)
+{
+    return units == KWPlanFields::Feet ? metres * feetInAMetre : metres;
+}
+
+double toMetres(double size, int units)
+{
+    return units == KWPlanFields::Feet ? size / feetInAMetre : size;
+}
+} // namespace
+
+KWDocument::KWDocument()
+{
+    ++documentsAlive;
+}
+
+KWDocument::KWDocument(const KWDocument &other)
+    : QObject()
+{
+    ++documentsAlive;
+    copyFrom(other);
+}
+
+KWDocument &KWDocument::operator=(const KWDocument &other)
+{
+    if (this != &other)
+        copyFrom(other);
+    else
+        emit eventModified();
+    return *this;
+}
+
+KWDocument::~KWDocument()
+{
+    --documentsAlive;
+}
+
+int KWDocument::liveCount()
+{
+    return documentsAlive;
+}
+
+void KWDocument::copyFrom(const KWDocument &other)
+{
+    blockEvents();
+    m_history = other.m_history;
+    m_tables.clear();
+    m_guests.clear();
+    m_groups.clear();
+
+    m_modified = other.m_modified;
+    m_file_name = other.m_file_name;
+    m_fields = other.m_fields;
+
+    m_guests.reserve(other.guestCount());
+    m_guestOfWishId.fill(nullptr, other.m_guestOfWishId.size());
+    for (const KWGuest *source : other.m_guests) {
+        KWGuest *guest = m_guests.append(*source);
+        guest->m_wishId = source->m_wishId;
+        m_guestOfWishId[guest->m_wishId] = guest;
+    }
+    m_groups.reserve(other.groupCount());
+    for (const KWGroup *source : other.m_groups) {
+        KWGroup *group = m_groups.append(*source);
+        for (int i = 0; i < source->guestCount(); ++i) {
+            KWGuest *guest = guestAt(other.indexOfGuest(source->guestAt(i)));
+            group->appendGuest(guest);
+            guest->setGroup(group);
+        }
+    }
+    m_tables.reserve(other.tableCount());
+    for (const KWTable *source : other.m_tables) {
+        KWTable *table = m_tables.append(*source);
+        for (int seat = 0; seat < source->seatCount(); ++seat) {
+            if (const KWGuest *guest = source->guest(seat))
+                table->setGuest(seat, guestAt(other.indexOfGuest(guest)));
+        }
+    }
+    m_affinities = other.m_affinities;
+    // Taking over wishes is a change like any other.
+    if (m_affinities.size() > 0)
+        m_modified = true;
+    unblockEvents();
+    emit eventModified();
+}
+
+void KWDocument::clear()
+{
+    emit eventClear();
+    emit eventDocumentNameChange(QString());
+    m_file_name = QString();
+    m_tables.clear();
+    m_guests.clear();
+    m_groups.clear();
+    m_guestOfWishId.clear();
+    m_affinities.clear();
+
+    const KWPlanFields fresh;
+    m_fields.room_x_size = fresh.room_x_size;
+    m_fields.room_y_size = fresh.room_y_size;
+    m_fields.chair_size = fresh.chair_size;
+    m_fields.event = fresh.event;
+    m_fields.venue = fresh.venue;
+    m_fields.date = fresh.date;
+    m_fields.fixed_cost = fresh.fixed_cost;
+    m_fields.adult_cost = fresh.adult_cost;
+    m_fields.child_cost = fresh.child_cost;
+    m_fields.notes = fresh.notes;
+    m_fields.print_header_text = fresh.print_header_text;
+    m_fields.print_header_font = fresh.print_header_font;
+    m_fields.print_header_colour = Qt::black;
+    m_fields.print_footer_text = fresh.print_footer_text;
+    m_fields.print_footer_font = fresh.print_footer_font;
+    m_fields.print_footer_colour = Qt::black;
+    m_fields.print_margin = fresh.print_margin;
+    m_fields.print_orientation = fresh.print_orientation;
+    m_fields.header_position = fresh.header_position;
+    m_fields.footer_position = fresh.footer_position;
+    m_history.clear();
+    m_modified = false;
+    emit eventModified();
+}
+
+void KWDocument::blockEvents()
+{
+    if (eventBlockDepth == 0)
+        blockSignals(true);
+    ++eventBlockDepth;
+}
+
+void KWDocument::unblockEvents()
+{
+    --eventBlockDepth;
+    if (eventBlockDepth == 0)
+        blockSignals(false);
+}
+
+void KWDocument::appendHistory(const QString &text)
+{
+    m_history += QLatin1StringView("->") + text;
+}
+
+template <typename Value>
+void KWDocument::setFact(Value KWPlanFields::*field, const Value &value)
+{
+    m_modified = true;
+    m_fields.*field = value;
+    emit eventModified();
+}
+
+void KWDocument::setEvent(const QString &event)
+{
+    setFact(&KWPlanFields::event, event);
+}
+
+void KWDocument::setVenue(const QString &venue)
+{
+    setFact(&KWPlanFields::venue, venue);
+}
+
+void KWDocument::setDate(const QDate &date)
+{
+    setFact(&KWPlanFields::date, date);
+}
+
+void KWDocument::setFixedCost(int cost)
+{
+    setFact(&KWPlanFields::fixed_cost, cost);
+}
+
+void KWDocument::setAdultCost(int cost)
+{
+    setFact(&KWPlanFields::adult_cost, cost);
+}
+
+void KWDocument::setChildCost(int cost)
+{
+    setFact(&KWPlanFields::child_cost, cost);
+}
+
+void KWDocument::setNotes(const QString &notes)
+{
+    setFact(&KWPlanFields::notes, notes);
+}
+
+double KWDocument::roomXSize(int units) const
+{
+    return fromMetres(m_fields.room_x_size, units);
+}
+
+void KWDocument::setRoomXSize(double size, int units)
+{
+    m_fields.room_x_size = toMetres(size, units);
+}
+
+double KWDocument::roomYSize(int units) const
+{
+    return fromMetres(m_fields.room_y_size, units);
+}
+
+void KWDocument::setRoomYSize(double size, int units)
+{
+    m_fields.room_y_size = toMetres(size, units);
+}
+
+double KWDocument::chairSize(int units) const
+{
+    return fromMetres(m_fields.chair_size, units);
+}
+
+void KWDocument::setChairSize(double size, int units)
+{
+    m_fields.chair_size = toMetres(size, units);
+}

@@ -1,0 +1,60 @@
+#include "kwdocument.h"
+#include "kwmodelhooks.h"
+#include "kwplanreader.h"
+#include "kwplanwriter.h"
+#include "kwsafefile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+int KWDocument::save(const QString &path, const KWViewSettings &viewSettings)
+{
+    KWSafeFile file(path, true);
+    if (!file.open())
+        return FileCannotWrite;
+    blockEvents();
+    const bool written = file.commit(toPlanText(viewSettings));
+    if (written) {
+        m_modified = false;
+        m_file_name = QDir::toNativeSeparators(path);
+    }
+    unblockEvents();
+    if (written)
+        emit eventDocumentNameChange(m_file_name);
+    modelHooks().progressFinished();
+    return written ? FileOk : FileCannotWrite;
+}
+
+int KWDocument::load(const QString &path, KWViewSettings &viewSettings, bool &versionDiffers)
+{
+    versionDiffers = false;
+    clear();
+    // A backup gets no name, so that saving asks for one and never overwrites the backup.
+    if (QFileInfo(path).suffix().toLower() != QLatin1StringView("kwb"))
+        m_file_name = QDir::toNativeSeparators(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return FileCannotOpen;
+    KWPlanReader reader;
+    if (!reader.read(file))
+        return FileNotAPlan;
+
+    versionDiffers = reader.versionDiffers();
+    emit loadingGuests(reader.guestCount());
+    blockEvents();
+    reader.build(*this, viewSettings);
+    file.close();
+    m_modified = false;
+    recalculateScores();
+    unblockEvents();
+    emit eventDocumentNameChange(m_file_name);
+    emit eventModified();
+    modelHooks().progressFinished();
+    return FileOk;
+}
+
+QByteArray KWDocument::toPlanText(const KWViewSettings &viewSettings) const
+{
+    return writePlan(*this, viewSettings);
+}

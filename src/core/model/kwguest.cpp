@@ -1,0 +1,154 @@
+#include "kwguest.h"
+
+#include "kwtable.h"
+
+#include <QDebug>
+#include <QTextBoundaryFinder>
+
+#include <array>
+
+namespace {
+constexpr std::array<QLatin1StringView, 3> genderWords{
+    QLatin1StringView("Undefined"), QLatin1StringView("Male"), QLatin1StringView("Female")};
+constexpr std::array<QLatin1StringView, 2> ageWords{QLatin1StringView("adult"),
+                                                    QLatin1StringView("child")};
+constexpr std::array<QLatin1StringView, KWGuest::NameOrderCount> nameOrderWords{
+    QLatin1StringView("DisplayName"),  QLatin1StringView("Last, First"),
+    QLatin1StringView("Last, F."),     QLatin1StringView("First Last"),
+    QLatin1StringView("F. Last"),      QLatin1StringView("Title First Last"),
+    QLatin1StringView("Title F. Last")};
+
+template <std::size_t N>
+QString wordAt(const std::array<QLatin1StringView, N> &words, int index)
+{
+    return index >= 0 && index < static_cast<int>(N) ? QString(words[index]) : QString();
+}
+
+/// The two texts with the separator between them when both are there, else whichever exists.
+QString joined(const QString &a, QLatin1StringView separator, const QString &b)
+{
+    return a.isEmpty() || b.isEmpty() ? a + b : a + separator + b;
+}
+} // namespace
+
+KWGuest::KWGuest(const QString &displayName, const QString &title, const QString &firstName,
+                 const QString &lastName, const QString &meal, int gender, int age, bool locked,
+                 const QString &notes, bool vip, bool accepted)
+    : KWObject(notes)
+    , m_texts(new Texts{{}, displayName, title, firstName, lastName, meal})
+    , m_gender(gender)
+    , m_age(age)
+    , m_locked(locked)
+    , m_vip(vip)
+    , m_accepted(accepted)
+{
+}
+
+KWGuest::KWGuest(const KWGuest &other)
+    : KWObject(other)
+    , m_texts(other.m_texts)
+    , m_gender(other.m_gender)
+    , m_age(other.m_age)
+    , m_locked(other.m_locked)
+    , m_vip(other.m_vip)
+    , m_accepted(other.m_accepted)
+{
+}
+
+KWGuest::~KWGuest()
+{
+    if (m_table)
+        m_table->setGuest(m_seat, nullptr);
+}
+
+QString KWGuest::name(int order) const
+{
+    switch (order) {
+    case DisplayName:
+        return displayName().trimmed();
+    case LastFirst:
+        return joined(lastName(), QLatin1StringView(", "), firstName()).trimmed();
+    case LastInitial:
+        return joined(lastName(), QLatin1StringView(", "), initial()).trimmed();
+    case FirstLast:
+        return joined(firstName(), QLatin1StringView(" "), lastName()).trimmed();
+    case InitialLast:
+        return joined(initial(), QLatin1StringView(" "), lastName()).trimmed();
+    case TitleFirstLast:
+        return (title() + u' ' + name(FirstLast)).trimmed();
+    case TitleInitialLast:
+        return (title() + u' ' + name(InitialLast)).trimmed();
+    default:
+        return {};
+    }
+}
+
+QString KWGuest::initial() const
+{
+    if (firstName().isEmpty())
+        return {};
+    const QString stripped = firstName().trimmed();
+    // A letter may be made of several code units: a surrogate pair, or a letter and its accent.
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, stripped);
+    const qsizetype end = stripped.isEmpty() ? 0 : finder.toNextBoundary();
+    return stripped.left(end) + u'.';
+}
+
+bool KWGuest::precedes(const KWGuest &other) const
+{
+    if (m_age == Adult && other.m_age == Child)
+        return true;
+    if (m_age != other.m_age)
+        return false;
+    if (m_gender == Male && other.m_gender != Male)
+        return true;
+    if (m_gender != Female)
+        return false;
+    return other.m_gender == Undefined;
+}
+
+QString KWGuest::genderToString(int gender)
+{
+    return wordAt(genderWords, gender);
+}
+
+QString KWGuest::ageToString(int age)
+{
+    return wordAt(ageWords, age);
+}
+
+int KWGuest::genderFromString(const QString &word)
+{
+    const QString lower = word.toLower();
+    if (lower == QLatin1StringView("male"))
+        return Male;
+    if (lower == QLatin1StringView("female"))
+        return Female;
+    return Undefined;
+}
+
+int KWGuest::ageFromString(const QString &word)
+{
+    const QString lower = word.toLower();
+    if (lower == QLatin1StringView("adult"))
+        return Adult;
+    if (lower == QLatin1StringView("child"))
+        return Child;
+    qWarning("undefined age");
+    return Adult;
+}
+
+QString KWGuest::nameOrderToString(int order)
+{
+    return wordAt(nameOrderWords, order);
+}
+
+QStringList KWGuest::nameOrders()
+{
+    return {nameOrderWords.begin(), nameOrderWords.end()};
+}
+
+QString KWGuest::composeDisplayName(const QString &title, const QString &first, const QString &last)
+{
+    return (title.trimmed() + u' ' + first.trimmed() + u' ' + last.trimmed()).trimmed();
+}

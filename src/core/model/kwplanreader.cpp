@@ -1,0 +1,281 @@
+#include "kwplanreader.h"
+
+#include "kwdocument.h"
+#include "kwmodelhooks.h"
+
+#include <QCoreApplication>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <type_traits>
+
+using namespace KWPlanText;
+
+namespace {
+/// Far beyond any room; a file that asks for more would only exhaust the memory.
+constexpr qint64 maxSeatsOfPlan = 1'000'000;
+/// A plan's elements stand three deep. Deeper nesting than this is an attack on the stack.
+constexpr int maxDepth = 1000;
+
+enum GuestField {
+    DisplayName,
+    Title,
+    FirstName,
+    LastName,
+    Meal,
+    Gender,
+    Age,
+    Locked,
+    GuestNotes,
+    Vip,
+    Accepted,
+    Group
+};
+enum GroupField {
+    Address1,
+    Address2,
+    City,
+    State,
+    Zip,
+    Country,
+    WorkPhone,
+    HomePhone,
+    MobilePhone,
+    Email,
+    GroupName,
+    GroupNotes
+};
+enum TableField {
+    TableName,
+    Shape,
+    SeatsAcross,
+    SeatsDown,
+    SeatsAcross2,
+    SeatsDown2,
+    TableNotes,
+    Assigned,
+    X,
+    Y
+};
+
+/// The values of the named attributes; null for those that are missing.
+template <std::size_t N>
+std::array<QString, N> valuesOf(const QXmlStreamAttributes &attributes,
+                                const std::array<QLatin1StringView, N> &names)
+{
+    std::array<QString, N> values;
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        const auto found = std::find(names.begin(), names.end(), attribute.qualifiedName());
+        if (found != names.end())
+            values[static_cast<std::size_t>(found - names.begin())] = unescaped(attribute.value());
+    }
+    return values;
+}
+
+auto itemsOf(const QString &assigned)
+{
+    return QStringView(assigned).tokenize(u',', Qt::SkipEmptyParts);
+}
+
+/// The seats that a table element asks for.
+template <typename Record>
+int seatCountOf(const Record &record)
+{
+    const int shape = toInt(record[Shape]);
+    if (shape == KWTable::Rectangular || shape == KWTable::Custom)
+        return KWTable::seatCountFor(shape, toInt(record[SeatsAcross]), toInt(record[SeatsDown]),
+                                     toInt(record[SeatsAcross2]), toInt(record[SeatsDown2]));
+    int items = 0;
+    for ([[maybe_unused]] const QStringView item : itemsOf(record[Assigned])) {
+        if (++items == KWTable::maxCount)
+            break;
+    }
+    return KWTable::seatCountFor(shape, items, 0, 0, 0);
+}
+
+void assign(int &setting, const QString &text)
+{
+    setting = toInt(text);
+}
+void assign(bool &setting, const QString &text)
+{
+    setting = toBool(text);
+}
+void assign(double &setting, const QString &text)
+{
+    // Holds the default until a text is read.
+    setting = toSize(text, setting);
+}
+void assign(QString &setting, const QString &text)
+{
+    setting = text;
+}
+void assign(QDate &setting, const QString &text)
+{
+    setting = toDate(text);
+}
+void assign(QFont &setting, const QString &text)
+{
+    if (!text.isEmpty())
+        setting = toFont(text);
+}
+void assign(QColor &setting, const QString &text)
+{
+    setting = toColour(text);
+}
+} // namespace
+
+bool KWPlanReader::read(QIODevice &device)
+{
+    QXmlStreamReader xml(&device);
+    xml.setNamespaceProcessing(false);
+    bool isPlan = false;
+    int depth = 0;
+    while (!xml.atEnd()) {
+        switch (xml.readNext()) {
+        case QXmlStreamReader::DTD:
+            isPlan = xml.dtdName() == documentType;
+            break;
+        case QXmlStreamReader::StartElement:
+            if (++depth > maxDepth)
+                return false;
+            readElement(xml.qualifiedName(), xml.attributes());
+            break;
+        case QXmlStreamReader::EndElement:
+            --depth;
+            break;
+        default:
+            break;
+        }
+    }
+    return isPlan && !xml.hasError() && !hasTooManySeats();
+}
+
+void KWPlanReader::readElement(QStringView name, const QXmlStreamAttributes &attributes)
+{
+    if (name == QLatin1StringView("guest")) {
+        m_guests.push_back(valuesOf(attributes, guestAttributes));
+    } else if (name == QLatin1StringView("group")) {
+        m_groups.push_back(valuesOf(attributes, groupAttributes));
+    } else if (name == QLatin1StringView("table")) {
+        m_tables.push_back(valuesOf(attributes, tableAttributes));
+    } else if (name == QLatin1StringView("affinity")) {
+        const auto values = valuesOf(attributes, affinityAttributes);
+        m_affinities.push_back({toInt(values[0]), toInt(values[1]), toInt(values[2])});
+    } else {
+        // Of two equal settings the first counts.
+        m_settings.try_emplace(name.toString(),
+                               unescaped(attributes.value(QLatin1StringView("value"))));
+    }
+}
+
+bool KWPlanReader::hasTooManySeats() const
+{
+    qint64 seats = 0;
+    for (const TableRecord &record : m_tables)
+        seats += seatCountOf(record);
+    return seats > maxSeatsOfPlan;
+}
+
+bool KWPlanReader::versionDiffers() const
+{
+    const auto found = m_settings.find(QLatin1StringView("version"));
+    return found != m_settings.end() && !found->second.isEmpty() && toInt(found->second) != version;
+}
+
+void KWPlanReader::build(KWDocument &document, KWViewSettings &views) const
+{
+    const auto total = static_cast<int>(planSettings().size() + m_guests.size() + m_groups.size() +
+                                        m_tables.size() + m_affinities.size());
+    int done = static_cast<int>(planSettings().size());
+    const auto report = [&] { modelHooks().progress(done, total); };
+    const auto reportElement = [&] {
+        ++done;
+        report();
+    };
+
+    buildSettings(document, views);
+    report();
+    for (const GroupRecord &record : m_groups) {
+        buildGroup(document, record);
+        reportElement();
+    }
+    if (document.groupCount() == 0)
+        document.addGroup({}, QCoreApplication::translate("KWDocument", "all"), {});
+    for (const GuestRecord &record : m_guests) {
+        buildGuest(document, record);
+        reportElement();
+    }
+    for (const TableRecord &record : m_tables) {
+        buildTable(document, record);
+        reportElement();
+    }
+    for (const AffinityRecord &record : m_affinities) {
+        KWGuest *a = document.guestAt(record.guest1);
+        KWGuest *b = document.guestAt(record.guest2);
+        if (a && b && record.value >= KWScore::Loves && record.value <= KWScore::Hates)
+            document.setAffinity(a, b, record.value, false);
+        reportElement();
+    }
+}
+
+void KWPlanReader::buildSettings(KWDocument &document, KWViewSettings &views) const
+{
+    KWPlanFields fields = absentPlanFields();
+    views = KWViewSettings();
+    for (const KWPlanSetting &setting : planSettings()) {
+        const auto found = m_settings.find(setting.key);
+        std::visit(
+            [&](auto member) {
+                auto &value = settingOf(fields, views, member);
+                // A font that the file does not name stays as the document has it.
+                if constexpr (std::is_same_v<std::remove_reference_t<decltype(value)>, QFont>)
+                    value = document.m_fields.*member;
+                if (found != m_settings.end())
+                    assign(value, found->second);
+            },
+            setting.target);
+    }
+    document.m_fields = fields;
+}
+
+void KWPlanReader::buildGroup(KWDocument &document, const GroupRecord &record)
+{
+    const KWContact contact(record[Address1], record[Address2], record[City], record[State],
+                            record[Zip], record[Country], record[WorkPhone], record[HomePhone],
+                            record[MobilePhone], record[Email]);
+    document.addGroup(contact, record[GroupName], record[GroupNotes]);
+}
+
+void KWPlanReader::buildGuest(KWDocument &document, const GuestRecord &record)
+{
+    bool isNumber = false;
+    const int index = record[Group].toInt(&isNumber);
+    KWGroup *group = document.groupAt(isNumber ? index : 0);
+    if (!group)
+        return;
+    document.addGuest(record[DisplayName], record[Title], record[FirstName], record[LastName],
+                      record[Meal], KWGuest::genderFromString(record[Gender]),
+                      KWGuest::ageFromString(record[Age]), toBool(record[Locked]),
+                      record[GuestNotes], toBool(record[Vip]), toBool(record[Accepted]), group);
+}
+
+void KWPlanReader::buildTable(KWDocument &document, const TableRecord &record)
+{
+    const int shape = toInt(record[Shape]);
+    if (shape < 0 || shape >= KWTable::ShapeCount)
+        return;
+    const bool sided = shape == KWTable::Rectangular || shape == KWTable::Custom;
+    KWTable *table = document.addTable(
+        shape, record[TableName], sided ? toInt(record[SeatsAcross]) : seatCountOf(record),
+        toInt(record[SeatsDown]), toInt(record[SeatsAcross2]), toInt(record[SeatsDown2]),
+        {toInt(record[X]), toInt(record[Y])}, record[TableNotes]);
+    int seat = 0;
+    for (const QStringView item : itemsOf(record[Assigned])) {
+        if (seat == table->seatCount())
+            break;
+        if (KWGuest *guest = document.guestAt(item.toInt()))
+            document.assignGuest(guest, table, seat, false);
+        ++seat;
+    }
+}

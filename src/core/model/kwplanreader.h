@@ -1,0 +1,61 @@
+#pragma once
+
+#include "kwplansettings.h"
+#include "kwplantext.h"
+
+#include <QString>
+
+#include <array>
+#include <map>
+#include <optional>
+#include <vector>
+
+class KWDocument;
+class QIODevice;
+class QXmlStreamAttributes;
+
+/// Reads a plan file: first the whole text into plain records, so that a text that is no plan
+/// changes nothing, then the records into a document.
+///
+/// Elements count wherever they stand. What a plan cannot hold is dropped without a word; only a
+/// text that is no XML, has another document type, or asks for more seats than any room holds is
+/// refused.
+class KWPlanReader
+{
+public:
+    /// False if the device does not hold a plan.
+    bool read(QIODevice &device);
+
+    int guestCount() const { return static_cast<int>(m_guests.size()); }
+    /// True if the file says that it has another version than this program writes.
+    bool versionDiffers() const;
+
+    /// Fills an empty document, and the view settings. Reports progress for each element.
+    void build(KWDocument &document, KWViewSettings &views) const;
+
+private:
+    template <std::size_t N>
+    using Record = std::array<QString, N>;
+    using GuestRecord = Record<KWPlanText::guestAttributes.size()>;
+    using GroupRecord = Record<KWPlanText::groupAttributes.size()>;
+    using TableRecord = Record<KWPlanText::tableAttributes.size()>;
+    struct AffinityRecord
+    {
+        int guest1;
+        int guest2;
+        int value;
+    };
+
+    void readElement(QStringView name, const QXmlStreamAttributes &attributes);
+    bool hasTooManySeats() const;
+    void buildSettings(KWDocument &document, KWViewSettings &views) const;
+    static void buildGuest(KWDocument &document, const GuestRecord &record);
+    static void buildGroup(KWDocument &document, const GroupRecord &record);
+    static void buildTable(KWDocument &document, const TableRecord &record);
+
+    std::map<QString, QString, std::less<>> m_settings;
+    std::vector<GuestRecord> m_guests;
+    std::vector<GroupRecord> m_groups;
+    std::vector<TableRecord> m_tables;
+    std::vector<AffinityRecord> m_affinities;
+};
