@@ -24,6 +24,8 @@ KWDocument::KWDocument()
 
 KWDocument::KWDocument(const KWDocument &other)
     : QObject()
+    , m_fields(other.m_fields)
+    , m_history(other.m_history)
 {
     ++documentsAlive;
     copyFrom(other);
@@ -83,6 +85,9 @@ void KWDocument::copyFrom(const KWDocument &other)
             if (const KWGuest *guest = source->guest(seat))
                 table->setGuest(seat, guestAt(other.indexOfGuest(guest)));
         }
+        // The copies sit as their originals do, so the scores hold for them too.
+        if (source->areScoresCurrent())
+            table->setScores(source->seatScores(), source->score());
     }
     m_affinities = other.m_affinities;
     // Taking over wishes is a change like any other.

@@ -287,7 +287,8 @@ public:
     QList<Affinity> affinities() const;
     int affinityCount() const { return m_affinities.size(); }
 
-    /// Rescores every table in list order and reports each, then the whole.
+    /// Rescores every table in list order and reports each, then the whole. A table on which
+    /// nothing has changed keeps its scores.
     void recalculateScores();
     void scoreTable(KWTable *table);
     /// The sum of the tables' scores as of the last rescore.
@@ -361,6 +362,8 @@ private:
     void copyFrom(const KWDocument &other);
     bool fitToShape(KWTable *table, int count1, int count2, int count3, int count4);
     void resizeSeats(KWTable *table, int count, bool rescore);
+    /// The total of seatContribution() for each of some guests who are on no seat.
+    QList<int> seatTotals(const KWTable *table, int seat, const QList<KWGuest *> &candidates) const;
     KWGuest *bestGuestForSeat(const KWTable *table, int seat,
                               const QList<KWGuest *> &candidates) const;
     int bestWaitingPartner(const KWGuest *guest, int candidateCount) const;

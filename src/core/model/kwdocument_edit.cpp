@@ -423,6 +423,8 @@ void KWDocument::setAffinity(KWGuest *a, KWGuest *b, int value, bool rescore)
     if (!m_guests.contains(a) || !m_guests.contains(b))
         return;
     m_affinities.set(a->m_wishId, b->m_wishId, value);
+    a->outdateScores();
+    b->outdateScores();
     m_modified = true;
     if (rescore)
         recalculateScores();

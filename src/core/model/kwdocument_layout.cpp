@@ -56,13 +56,15 @@ KWGuest *KWDocument::bestGuestForSeat(const KWTable *table, int seat,
     const bool lastSeat = seat == table->seatCount() - 1;
     KWGuest *bestGuest = nullptr;
     int best = worstValue;
-    for (KWGuest *guest : candidates) {
-        int value = seatContribution(table, seat, guest)[KWScore::TotalEntry];
+    const QList<int> totals = seatTotals(table, seat, candidates);
+    const auto count = static_cast<int>(candidates.size());
+    for (int i = 0; i < count; ++i) {
+        int value = totals.at(i);
         if (lastSeat)
-            value -= bestWaitingPartner(guest, static_cast<int>(candidates.size()));
+            value -= bestWaitingPartner(candidates.at(i), count);
         if (value > best) {
             best = value;
-            bestGuest = guest;
+            bestGuest = candidates.at(i);
         }
     }
     return bestGuest;
@@ -71,7 +73,7 @@ KWGuest *KWDocument::bestGuestForSeat(const KWTable *table, int seat,
 /// The most that any other guest who waits for a seat would be worth as the guest's neighbour.
 int KWDocument::bestWaitingPartner(const KWGuest *guest, int candidateCount) const
 {
-    const double weight = guest->isVip() ? KWScore::vipWeight : KWScore::plainWeight;
+    const double weight = KWScore::weight(guest->isVip());
     int neutral = candidateCount - 1;
     int best = noPartner;
     for (const auto &wish : m_affinities.wishesOf(guest->m_wishId)) {

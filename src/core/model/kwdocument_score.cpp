@@ -3,30 +3,28 @@
 #include <numeric>
 
 namespace {
-double weightOf(const KWGuest *guest)
+/// What a guest's neighbour brings the guest: nothing without one.
+int genderPoints(const KWGuest *guest, const KWGuest *neighbour, double weight)
 {
-    return guest->isVip() ? KWScore::vipWeight : KWScore::plainWeight;
+    const bool alternate = neighbour && guest->gender() != KWGuest::Undefined &&
+                           neighbour->gender() != KWGuest::Undefined &&
+                           guest->gender() != neighbour->gender();
+    return alternate ? KWScore::rounded(KWScore::genderAlternation * weight) : 0;
 }
 
-bool alternate(const KWGuest *a, const KWGuest *b)
+int alonePoints(const KWGuest *left, const KWGuest *right, double weight)
 {
-    return a->gender() != KWGuest::Undefined && b->gender() != KWGuest::Undefined &&
-           a->gender() != b->gender();
+    return left || right ? 0 : KWScore::rounded(KWScore::alone * weight);
 }
 
-struct Neighbours
+/// What a wish is worth to a guest between `left` and `right` for another guest of the table. On a
+/// ring of two, the other guest is the neighbour on both sides.
+int wishPoints(int value, const KWGuest *other, const KWGuest *left, const KWGuest *right,
+               double weight)
 {
-    KWGuest *left;
-    KWGuest *right;
-};
-
-/// Seats form a ring, or a line at a head table; an empty seat is no neighbour.
-Neighbours neighboursOf(const KWTable *table, int seat)
-{
-    const int last = table->seatCount() - 1;
-    const bool head = table->isHead();
-    return {seat == 0 ? (head ? nullptr : table->guest(last)) : table->guest(seat - 1),
-            seat == last ? (head ? nullptr : table->guest(0)) : table->guest(seat + 1)};
+    const int sides = (other == right ? 1 : 0) + (other == left ? 1 : 0);
+    return sides > 0 ? sides * KWScore::rounded(KWScore::nextTo[value] * weight)
+                     : KWScore::rounded(KWScore::sameTable[value] * weight);
 }
 } // namespace
 
@@ -58,8 +56,12 @@ QList<KWDocument::Affinity> KWDocument::affinities() const
 
 void KWDocument::recalculateScores()
 {
-    for (KWTable *table : m_tables)
-        scoreTable(table);
+    for (KWTable *table : m_tables) {
+        if (table->areScoresCurrent())
+            emit eventScoreChange(table);
+        else
+            scoreTable(table);
+    }
     emit eventScoreChange();
 }
 
@@ -93,32 +95,52 @@ int KWDocument::seatScore(const KWTable *table, int seat, int entry) const
 
 KWSeatScore KWDocument::seatContribution(const KWTable *table, int seat, const KWGuest *guest) const
 {
+    const double weight = KWScore::weight(guest->isVip());
+    const KWGuest *left = table->leftNeighbour(seat);
+    const KWGuest *right = table->rightNeighbour(seat);
     KWSeatScore score{};
-    const double weight = weightOf(guest);
-    const auto [left, right] = neighboursOf(table, seat);
-    if (!left && !right)
-        score[KWScore::AloneEntry] = KWScore::rounded(KWScore::alone * weight);
-
-    for (const KWGuest *neighbour : {right, left}) {
-        if (neighbour && alternate(guest, neighbour))
-            score[KWScore::GenderEntry] += KWScore::rounded(KWScore::genderAlternation * weight);
-    }
-
+    score[KWScore::AloneEntry] = alonePoints(left, right, weight);
+    score[KWScore::GenderEntry] =
+        genderPoints(guest, right, weight) + genderPoints(guest, left, weight);
     // Only wishes give points, so the guest's wishes are walked and not the table's seats.
     for (const auto &wish : m_affinities.wishesOf(guest->m_wishId)) {
         const int entry = KWScore::entryOf(wish.value);
         const KWGuest *other = guestOfWish(wish.other);
         if (entry < 0 || other->m_table != table)
             continue;
-        // On a ring of two, the other guest is the neighbour on both sides.
-        const int sides = (other == right ? 1 : 0) + (other == left ? 1 : 0);
-        int &points = score[static_cast<std::size_t>(entry)];
-        if (sides > 0)
-            points += sides * KWScore::rounded(KWScore::nextTo[wish.value] * weight);
-        else if (other != guest)
-            points += KWScore::rounded(KWScore::sameTable[wish.value] * weight);
+        if (other != guest || other == left || other == right)
+            score[static_cast<std::size_t>(entry)] +=
+                wishPoints(wish.value, other, left, right, weight);
     }
     score[KWScore::TotalEntry] =
         std::accumulate(score.begin(), score.begin() + KWScore::TotalEntry, 0);
     return score;
+}
+
+QList<int> KWDocument::seatTotals(const KWTable *table, int seat,
+                                  const QList<KWGuest *> &candidates) const
+{
+    const KWGuest *left = table->leftNeighbour(seat);
+    const KWGuest *right = table->rightNeighbour(seat);
+    // Few sit at the table and many wait, so the wishes are walked from those who sit.
+    std::vector<int> points(static_cast<std::size_t>(m_guestOfWishId.size()));
+    for (const KWGuest *other : table->seats()) {
+        if (!other)
+            continue;
+        for (const auto &wish : m_affinities.wishesOf(other->m_wishId)) {
+            if (KWScore::entryOf(wish.value) >= 0)
+                points[static_cast<std::size_t>(wish.other)] +=
+                    wishPoints(wish.value, other, left, right,
+                               KWScore::weight(guestOfWish(wish.other)->isVip()));
+        }
+    }
+    QList<int> totals;
+    totals.reserve(candidates.size());
+    for (const KWGuest *guest : candidates) {
+        const double weight = KWScore::weight(guest->isVip());
+        totals.append(points[static_cast<std::size_t>(guest->m_wishId)] +
+                      alonePoints(left, right, weight) + genderPoints(guest, right, weight) +
+                      genderPoints(guest, left, weight));
+    }
+    return totals;
 }

@@ -13,7 +13,7 @@ class KWGuest;
 ///
 /// Owned by the group list of its KWDocument; it does not own its members. Adding or removing a
 /// member here does not touch the guest's own link, which is the document's business.
-class KWGroup : public KWObject
+class KWGroup final : public KWObject
 {
 public:
     enum Kind { Single, Couple, Family, OtherParty };

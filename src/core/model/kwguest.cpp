@@ -61,6 +61,24 @@ KWGuest::~KWGuest()
         m_table->setGuest(m_seat, nullptr);
 }
 
+void KWGuest::setGender(int gender)
+{
+    m_gender = gender;
+    outdateScores();
+}
+
+void KWGuest::setVip(bool vip)
+{
+    m_vip = vip;
+    outdateScores();
+}
+
+void KWGuest::outdateScores()
+{
+    if (m_table)
+        m_table->outdateScores();
+}
+
 QString KWGuest::name(int order) const
 {
     switch (order) {

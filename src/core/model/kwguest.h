@@ -13,7 +13,7 @@ class KWTable;
 /// The texts are implicitly shared between a guest and its copies in other documents; setting one
 /// detaches. The seat a guest sits on is noted here by KWTable, so that looking it up does not
 /// scan the tables; ask the document with findGuest().
-class KWGuest : public KWObject
+class KWGuest final : public KWObject
 {
 public:
     enum Gender { Undefined, Male, Female };
@@ -56,10 +56,10 @@ public:
     void setFirstName(const QString &text) { m_texts->first_name = text; }
     void setLastName(const QString &text) { m_texts->last_name = text; }
     void setMeal(const QString &text) { m_texts->meal = text; }
-    void setGender(int gender) { m_gender = gender; }
+    void setGender(int gender);
     void setAge(int age) { m_age = age; }
     void setLocked(bool locked) { m_locked = locked; }
-    void setVip(bool vip) { m_vip = vip; }
+    void setVip(bool vip);
     void setAccepted(bool accepted) { m_accepted = accepted; }
     void setGroup(KWGroup *group) { m_group = group; }
 
@@ -94,6 +94,9 @@ public:
 private:
     friend class KWDocument;
     friend class KWTable;
+
+    /// The scores of the guest's table no longer hold.
+    void outdateScores();
 
     struct Texts : QSharedData
     {

@@ -86,20 +86,16 @@ std::vector<KWProximityStore::Entry> KWProximityStore::entries() const
     return result;
 }
 
-const KWProximityStore::Index &KWProximityStore::index() const
+void KWProximityStore::Data::makeIndex() const
 {
-    Index &flat = m_data->index;
-    if (flat.valid)
-        return flat;
-    flat = {};
-    flat.wishes.reserve(m_data->entries.size());
-    for (const auto &[key, stored] : m_data->entries) {
-        flat.rowStart.resize(static_cast<std::size_t>(key.first) + 1, flat.wishes.size());
-        flat.wishes.push_back({key.second, stored.value});
+    index = {};
+    index.wishes.reserve(entries.size());
+    for (const auto &[key, stored] : entries) {
+        index.rowStart.resize(static_cast<std::size_t>(key.first) + 1, index.wishes.size());
+        index.wishes.push_back({key.second, stored.value});
         if (stored.inStoredOrder)
-            flat.pairs[stored.value].push_back({key.first, key.second});
+            index.pairs[stored.value].push_back({key.first, key.second});
     }
-    flat.rowStart.push_back(flat.wishes.size());
-    flat.valid = true;
-    return flat;
+    index.rowStart.push_back(index.wishes.size());
+    index.valid = true;
 }

@@ -77,13 +77,20 @@ private:
             , size(other.size)
         {
         }
+        void makeIndex() const;
+
         /// Both orders of a pair stand here, so that a guest's wishes lie together.
         std::map<std::pair<int, int>, Stored> entries;
         int size = 0;
         mutable Index index;
     };
 
-    const Index &index() const;
+    const Index &index() const
+    {
+        if (!m_data->index.valid)
+            m_data->makeIndex();
+        return m_data->index;
+    }
 
     QSharedDataPointer<Data> m_data;
 };

@@ -35,6 +35,12 @@ constexpr int rounded(double x)
     return static_cast<int>(x < 0 ? x - 0.5 : x + 0.5);
 }
 
+/// How much the points of a guest's seat count.
+constexpr double weight(bool vip)
+{
+    return vip ? vipWeight : plainWeight;
+}
+
 /// The entry for points from pairs of a proximity value; -1 for neutral and unknown values.
 constexpr int entryOf(int proximity)
 {

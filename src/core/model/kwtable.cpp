@@ -31,6 +31,7 @@ KWTable::KWTable(const KWTable &other)
     , m_position(other.m_position)
     , m_seat_scores(other.m_seat_scores)
     , m_score(other.m_score)
+    , m_scores_current(other.m_scores_current)
 {
 }
 
@@ -40,6 +41,12 @@ KWTable::~KWTable()
         if (guest && guest->m_table == this)
             guest->m_table = nullptr;
     }
+}
+
+void KWTable::setShape(int shape)
+{
+    m_shape = shape;
+    outdateScores();
 }
 
 void KWTable::setSides(const Sides &sides)
@@ -55,6 +62,7 @@ void KWTable::setScores(const QList<KWSeatScore> &seatScores, int score)
 {
     m_seat_scores = seatScores;
     m_score = score;
+    m_scores_current = true;
 }
 
 bool KWTable::allGuestsLocked() const
@@ -74,6 +82,7 @@ void KWTable::setGuest(int seat, KWGuest *guest)
         place->m_table = nullptr;
     m_seated += (guest ? 1 : 0) - (place ? 1 : 0);
     place = guest;
+    outdateScores();
     if (guest) {
         guest->m_table = this;
         guest->m_seat = seat;
@@ -86,6 +95,7 @@ void KWTable::setSeatCount(int count)
         setGuest(seat, nullptr);
     m_seats.resize(static_cast<std::size_t>(std::max(count, 0)));
     m_seat_scores.resize(seatCount(), KWSeatScore{});
+    outdateScores();
 }
 
 void KWTable::rotate()
@@ -168,6 +178,7 @@ int KWTable::seatCountFor(int shape, int count1, int count2, int count3, int cou
 
 void KWTable::placeGuests()
 {
+    outdateScores();
     for (int seat = 0; seat < seatCount(); ++seat) {
         if (KWGuest *guest = m_seats[static_cast<std::size_t>(seat)]) {
             guest->m_table = this;

@@ -16,7 +16,7 @@ class KWGuest;
 ///
 /// Seats are numbered from 0. Whoever puts a guest on a seat here must have taken them off any
 /// other seat: the guest remembers only the last one. In a plan, KWDocument::assignGuest does so.
-class KWTable : public KWObject
+class KWTable final : public KWObject
 {
 public:
     enum Shape {
@@ -57,13 +57,17 @@ public:
     const QList<KWSeatScore> &seatScores() const { return m_seat_scores; }
     /// The sum of the seat totals, as of the last rescore.
     int score() const { return m_score; }
+    /// True while nothing that the scores depend on has changed since they were set.
+    bool areScoresCurrent() const { return m_scores_current; }
 
     void setName(const QString &name) { m_name = name; }
-    void setShape(int shape) { m_shape = shape; }
+    void setShape(int shape);
     /// Stores the counts, each brought into 0..maxCount; the seats stay.
     void setSides(const Sides &sides);
     void setPosition(const QPoint &position) { m_position = position; }
     void setScores(const QList<KWSeatScore> &seatScores, int score);
+    /// For whoever changes what the scores depend on; the table sees to its own seats and shape.
+    void outdateScores() { m_scores_current = false; }
 
     int seatCount() const { return static_cast<int>(m_seats.size()); }
     int seatedCount() const { return m_seated; }
@@ -79,6 +83,16 @@ public:
     KWGuest *guest(int seat) const
     {
         return seat >= 0 && seat < seatCount() ? m_seats[static_cast<std::size_t>(seat)] : nullptr;
+    }
+    /// The guests beside an existing seat, null where there is none. The seats form a ring, or a
+    /// line at a head table, whatever the shape of the table.
+    KWGuest *leftNeighbour(int seat) const
+    {
+        return seat > 0 ? guest(seat - 1) : (isHead() ? nullptr : guest(seatCount() - 1));
+    }
+    KWGuest *rightNeighbour(int seat) const
+    {
+        return seat < seatCount() - 1 ? guest(seat + 1) : (isHead() ? nullptr : guest(0));
     }
     /// Puts a guest on a seat, or empties it with null; whoever sat there is unseated. A seat
     /// that does not exist is ignored. Changes nothing else.
@@ -117,4 +131,5 @@ private:
     QPoint m_position;
     QList<KWSeatScore> m_seat_scores;
     int m_score = 0;
+    bool m_scores_current = false;
 };
