@@ -24,10 +24,13 @@ bool KWSafeFile::open()
 
 bool KWSafeFile::commit(const QByteArray &content)
 {
-    const bool written = m_file->write(content) == content.size();
-    if (auto *file = qobject_cast<QSaveFile *>(m_file.get()))
+    // QSaveFile takes no notice of a write that fails only when the buffer is flushed.
+    const bool written = m_file->write(content) == content.size() && m_file->flush();
+    if (auto *file = qobject_cast<QSaveFile *>(m_file.get())) {
+        if (!written)
+            file->cancelWriting();
         return file->commit() && written;
-    const bool flushed = m_file->flush();
+    }
     m_file->close();
-    return written && flushed && m_file->error() == QFileDevice::NoError;
+    return written && m_file->error() == QFileDevice::NoError;
 }
