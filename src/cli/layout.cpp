@@ -169,10 +169,11 @@ void addOptions(CommandLine &line)
                     QStringLiteral("Stop on time, on generations without improvement "
                                    "(unimproved), or on either. Default: unimproved."),
                     QStringLiteral("WHAT"), QStringLiteral("unimproved")});
-    line.addOption({QStringLiteral("seconds"), QStringLiteral("The time allowed."),
+    line.addOption({QStringLiteral("seconds"), QStringLiteral("The time allowed. Default: 60."),
                     QStringLiteral("N"), QString::number(defaults.maxSeconds)});
     line.addOption({QStringLiteral("unimproved"),
-                    QStringLiteral("The generations without improvement allowed."),
+                    QStringLiteral("The generations without improvement allowed. "
+                                   "Default: 20."),
                     QStringLiteral("N"), QString::number(defaults.maxGenerationsUnimproved)});
     line.addOption({QStringLiteral("seed"),
                     QStringLiteral("Start the random numbers from N, so that the layout can be "
