@@ -10,6 +10,7 @@ class KWObject
 {
 public:
     virtual ~KWObject() = default;
+    KWObject &operator=(const KWObject &) = delete;
 
     const QString &notes() const { return m_notes; }
     void setNotes(const QString &notes) { m_notes = notes; }
@@ -23,7 +24,6 @@ protected:
         : m_notes(other.m_notes)
     {
     }
-    KWObject &operator=(const KWObject &) = delete;
 
 private:
     template <typename T>
