@@ -20,8 +20,9 @@ class QIODevice;
 /// events that views follow, eventModified() last.
 ///
 /// A copy is deep: it shares no object with its source, and a guest of the copy corresponds to the
-/// guest at the same position. Guests, groups and tables handed in must belong to this document;
-/// null and strangers are refused without effect. Locks are the caller's business.
+/// guest at the same position. A changing operation refuses null and objects of other plans, and
+/// does nothing when there is nothing to change; a query about a table needs one of this plan.
+/// Locks are the caller's business.
 class KWDocument : public QObject
 {
     Q_OBJECT
@@ -361,6 +362,7 @@ private:
     void reportModified();
     void copyFrom(const KWDocument &other);
     bool fitToShape(KWTable *table, int count1, int count2, int count3, int count4);
+    void resizeSides(KWTable *table, const KWTable::Sides &sides, int seats, bool rescore);
     void resizeSeats(KWTable *table, int count, bool rescore);
     /// The total of seatContribution() for each of some guests who are on no seat.
     QList<int> seatTotals(const KWTable *table, int seat, const QList<KWGuest *> &candidates) const;

@@ -173,7 +173,8 @@ void KWDocument::editGroup(KWGroup *group, const KWContact &contact, const QStri
 
 void KWDocument::moveGuestToGroup(KWGroup *group, KWGuest *guest)
 {
-    if (!m_groups.contains(group) || !m_guests.contains(guest))
+    if (!m_groups.contains(group) || !m_guests.contains(guest) ||
+        group->guestAt(group->guestCount() - 1) == guest)
         return;
     if (guest->group())
         guest->group()->removeGuest(guest);
@@ -233,24 +234,21 @@ bool KWDocument::fitToShape(KWTable *table, int count1, int count2, int count3, 
     const bool custom = table->shape() == KWTable::Custom;
     const bool sided = custom || table->shape() == KWTable::Rectangular;
     // Counts that the shape does not use are 0, whatever the table was before.
-    const KWTable::Sides now = table->sides();
-    const KWTable::Sides used{sided ? now[0] : 0, sided ? now[1] : 0, custom ? now[2] : 0,
-                              custom ? now[3] : 0};
-    table->setSides(used);
-
-    const KWTable::Sides wanted = KWTable::boundedSides(
+    const KWTable::Sides sides = KWTable::boundedSides(
         {sided ? count1 : 0, sided ? count2 : 0, custom ? count3 : 0, custom ? count4 : 0});
     const int seats = sided ? KWTable::seatCountFor(table->shape(), count1, count2, count3, count4)
                             : KWTable::boundedCount(count1);
     // A table that changed its shape may have other seats than its counts say.
-    if (used == wanted && table->seatCount() == seats)
+    if (table->sides() == sides && table->seatCount() == seats)
         return false;
-    if (custom)
+    if (custom) {
         resizeCustom(table, count1, count2, count3, count4, false);
-    else if (sided)
+    } else if (sided) {
         resizeRectangular(table, count1, count2, false);
-    else
+    } else {
+        table->setSides(sides);
         resizeTable(table, count1, false);
+    }
     return true;
 }
 
@@ -288,33 +286,36 @@ void KWDocument::setTableLocked(KWTable *table, bool locked)
 
 void KWDocument::resizeTable(KWTable *table, int count, bool rescore)
 {
-    resizeSeats(table, KWTable::boundedCount(count), rescore);
+    const int seats = KWTable::boundedCount(count);
+    if (m_tables.contains(table) && table->seatCount() != seats)
+        resizeSeats(table, seats, rescore);
 }
 
 void KWDocument::resizeRectangular(KWTable *table, int across, int down, bool rescore)
 {
-    if (!m_tables.contains(table))
-        return;
-    table->setSides({across, down, 0, 0});
-    resizeSeats(table, KWTable::seatCountFor(KWTable::Rectangular, across, down, 0, 0), rescore);
-    reportModified();
+    resizeSides(table, {across, down, 0, 0},
+                KWTable::seatCountFor(KWTable::Rectangular, across, down, 0, 0), rescore);
 }
 
 void KWDocument::resizeCustom(KWTable *table, int across, int down, int across2, int down2,
                               bool rescore)
 {
-    if (!m_tables.contains(table))
+    resizeSides(table, {across, down, across2, down2},
+                KWTable::seatCountFor(KWTable::Custom, across, down, across2, down2), rescore);
+}
+
+void KWDocument::resizeSides(KWTable *table, const KWTable::Sides &sides, int seats, bool rescore)
+{
+    if (!m_tables.contains(table) ||
+        (table->sides() == KWTable::boundedSides(sides) && table->seatCount() == seats))
         return;
-    table->setSides({across, down, across2, down2});
-    resizeSeats(table, KWTable::seatCountFor(KWTable::Custom, across, down, across2, down2),
-                rescore);
+    table->setSides(sides);
+    resizeSeats(table, seats, rescore);
     reportModified();
 }
 
 void KWDocument::resizeSeats(KWTable *table, int count, bool rescore)
 {
-    if (!m_tables.contains(table))
-        return;
     QList<KWGuest *> changed;
     if (count < table->seatCount() && table->compactSeats(count)) {
         for (int seat = 0; seat < count; ++seat) {
@@ -351,7 +352,7 @@ void KWDocument::rotateTable(KWTable *table)
 
 void KWDocument::moveTable(KWTable *table, int x, int y)
 {
-    if (!m_tables.contains(table))
+    if (!m_tables.contains(table) || table->position() == QPoint(x, y))
         return;
     table->setPosition({x, y});
     m_modified = true;
@@ -360,10 +361,11 @@ void KWDocument::moveTable(KWTable *table, int x, int y)
 void KWDocument::moveTableBefore(KWTable *table, KWTable *other)
 {
     const int from = m_tables.indexOf(table);
-    const int to = m_tables.indexOf(other);
-    if (from < 0 || to < 0 || from == to)
+    const int before = m_tables.indexOf(other);
+    const int to = from < before ? before - 1 : before;
+    if (from < 0 || before < 0 || from == before || from == to)
         return;
-    m_tables.move(from, from < to ? to - 1 : to);
+    m_tables.move(from, to);
     emit eventReorderTables(table, other);
     reportModified();
 }
@@ -422,7 +424,8 @@ void KWDocument::setAffinity(KWGuest *a, KWGuest *b, int value, bool rescore)
 {
     if (!m_guests.contains(a) || !m_guests.contains(b))
         return;
-    m_affinities.set(a->m_wishId, b->m_wishId, value);
+    if (!m_affinities.set(a->m_wishId, b->m_wishId, value))
+        return;
     a->outdateScores();
     b->outdateScores();
     m_modified = true;

@@ -67,6 +67,8 @@ void KWDocument::recalculateScores()
 
 void KWDocument::scoreTable(KWTable *table)
 {
+    if (!m_tables.contains(table))
+        return;
     QList<KWSeatScore> seatScores(table->seatCount(), KWSeatScore{});
     int score = 0;
     for (int seat = 0; seat < table->seatCount(); ++seat) {

@@ -21,18 +21,28 @@ int KWProximityStore::value(int a, int b) const
     return found != wishes.end() && found->other == b ? found->value : KWScore::Neutral;
 }
 
-void KWProximityStore::set(int a, int b, int value)
+bool KWProximityStore::set(int a, int b, int value)
 {
+    const auto &shared = std::as_const(m_data)->entries;
+    const auto found = shared.find({a, b});
+    const bool isStored = found != shared.end();
+    if (value == KWScore::Neutral
+            ? !isStored
+            : isStored && found->second.inStoredOrder && found->second.value == value)
+        return false;
+
     auto &entries = m_data->entries;
     m_data->index.valid = false;
     if (value == KWScore::Neutral) {
-        m_data->size -= static_cast<int>(entries.erase({a, b}));
+        entries.erase({a, b});
         entries.erase({b, a});
-        return;
+        --m_data->size;
+        return true;
     }
-    m_data->size += entries.contains({a, b}) ? 0 : 1;
+    m_data->size += isStored ? 0 : 1;
     entries.insert_or_assign({b, a}, Stored{value, false});
     entries.insert_or_assign({a, b}, Stored{value, true});
+    return true;
 }
 
 void KWProximityStore::removeGuest(int id)

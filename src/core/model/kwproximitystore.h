@@ -41,8 +41,8 @@ public:
     /// The value of a pair in either order; KWScore::Neutral if none is stored.
     int value(int a, int b) const;
     /// Stores a value under (a, b); KWScore::Neutral removes the pair. Other values are taken as
-    /// they come.
-    void set(int a, int b, int value);
+    /// they come. False if the pair already stood so.
+    bool set(int a, int b, int value);
     /// Removes every entry of a guest.
     void removeGuest(int id);
     void clear();
