@@ -31,7 +31,6 @@ KWTable::KWTable(const KWTable &other)
     , m_position(other.m_position)
     , m_seat_scores(other.m_seat_scores)
     , m_score(other.m_score)
-    , m_scores_current(other.m_scores_current)
 {
 }
 
