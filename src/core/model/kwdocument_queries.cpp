@@ -3,8 +3,6 @@
 #include "kwrandom.h"
 #include "kwsortedguestlist.h"
 
-#include <QSet>
-
 #include <algorithm>
 #include <numeric>
 #include <set>
@@ -94,7 +92,7 @@ KWGroup *KWDocument::findGroup(const QString &name) const
 QString KWDocument::nextTableName() const
 {
     // One pass over the names instead of one findTable() for each number.
-    QSet<QString> taken;
+    std::set<QString> taken;
     for (const KWTable *table : m_tables)
         taken.insert(table->name().toLower());
     for (int number = 1;; ++number) {

@@ -13,7 +13,7 @@ struct KWPlanFields
 
     static constexpr double defaultRoomSize = 20.0;
     /// Plan files hold sizes in single precision, and so does this.
-    static constexpr double defaultChairSize = double{0.6F};
+    static constexpr double defaultChairSize = static_cast<double>(0.6F);
     static constexpr int defaultPrintMargin = 10;
 
     QString event;

@@ -4,9 +4,11 @@
 #include "kwmodelhooks.h"
 
 #include <QCoreApplication>
-#include <QXmlStreamReader>
+#include <QIODevice>
 
 #include <algorithm>
+#include <expat.h>
+#include <memory>
 #include <type_traits>
 
 using namespace KWPlanText;
@@ -58,17 +60,24 @@ enum TableField {
     Y
 };
 
+/// The value of an attribute as the parser hands it over, names and values in turn up to a null.
+QString valueOf(const char *const *attributes, QLatin1StringView name)
+{
+    for (; *attributes; attributes += 2) {
+        if (QLatin1StringView(*attributes) == name)
+            return unescaped(attributes[1]);
+    }
+    return {};
+}
+
 /// The values of the named attributes; null for those that are missing.
 template <std::size_t N>
-std::array<QString, N> valuesOf(const QXmlStreamAttributes &attributes,
+std::array<QString, N> valuesOf(const char *const *attributes,
                                 const std::array<QLatin1StringView, N> &names)
 {
     std::array<QString, N> values;
-    for (const QXmlStreamAttribute &attribute : attributes) {
-        const auto found = std::find(names.begin(), names.end(), attribute.qualifiedName());
-        if (found != names.end())
-            values[static_cast<std::size_t>(found - names.begin())] = unescaped(attribute.value());
-    }
+    std::ranges::transform(names, values.begin(),
+                           [=](QLatin1StringView name) { return valueOf(attributes, name); });
     return values;
 }
 
@@ -125,47 +134,90 @@ void assign(QColor &setting, const QString &text)
 }
 } // namespace
 
-bool KWPlanReader::read(QIODevice &device)
+/// Hands the elements of an XML text to a plan reader, and stops where the text cannot be a plan.
+class KWPlanReader::Parser
 {
-    QXmlStreamReader xml(&device);
-    xml.setNamespaceProcessing(false);
-    bool isPlan = false;
-    int depth = 0;
-    while (!xml.atEnd()) {
-        switch (xml.readNext()) {
-        case QXmlStreamReader::DTD:
-            isPlan = xml.dtdName() == documentType;
-            break;
-        case QXmlStreamReader::StartElement:
-            if (++depth > maxDepth)
+public:
+    explicit Parser(KWPlanReader &reader)
+        : m_reader(reader)
+    {
+        XML_SetUserData(m_parser.get(), this);
+        XML_SetStartDoctypeDeclHandler(m_parser.get(), startDocumentType);
+        XML_SetElementHandler(m_parser.get(), startElement, endElement);
+    }
+
+    bool parse(QIODevice &device)
+    {
+        // The parser looks again at a tag that a block has cut off, so the blocks grow.
+        qint64 blockSize = firstBlockSize;
+        for (;; blockSize = std::min(2 * blockSize, largestBlockSize)) {
+            const QByteArray block = device.read(blockSize);
+            if (XML_Parse(m_parser.get(), block.constData(), static_cast<int>(block.size()),
+                          block.isEmpty()) != XML_STATUS_OK)
                 return false;
-            readElement(xml.qualifiedName(), xml.attributes());
-            break;
-        case QXmlStreamReader::EndElement:
-            --depth;
-            break;
-        default:
-            break;
+            if (block.isEmpty())
+                return m_hasDocumentType;
         }
     }
-    return isPlan && !xml.hasError() && !hasTooManySeats();
+
+private:
+    static constexpr qint64 firstBlockSize = 64 * 1024;
+    static constexpr qint64 largestBlockSize = 512 * 1024 * 1024;
+
+    void stop() { XML_StopParser(m_parser.get(), XML_FALSE); }
+
+    static void startDocumentType(void *user, const char *name, const char * /*systemId*/,
+                                  const char * /*publicId*/, int hasInternalSubset)
+    {
+        auto *self = static_cast<Parser *>(user);
+        // A plan declares nothing. Declared entities and attributes serve only to make a file
+        // larger than it is.
+        self->m_hasDocumentType = QLatin1StringView(name) == documentType && !hasInternalSubset;
+        if (!self->m_hasDocumentType)
+            self->stop();
+    }
+
+    static void startElement(void *user, const char *name, const char **attributes)
+    {
+        auto *self = static_cast<Parser *>(user);
+        if (!self->m_hasDocumentType || ++self->m_depth > maxDepth)
+            self->stop();
+        else
+            self->m_reader.readElement(name, attributes);
+    }
+
+    static void endElement(void *user, const char * /*name*/)
+    {
+        --static_cast<Parser *>(user)->m_depth;
+    }
+
+    KWPlanReader &m_reader;
+    std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser{XML_ParserCreate(nullptr),
+                                                                          &XML_ParserFree};
+    bool m_hasDocumentType = false;
+    int m_depth = 0;
+};
+
+bool KWPlanReader::read(QIODevice &device)
+{
+    return Parser(*this).parse(device) && !hasTooManySeats();
 }
 
-void KWPlanReader::readElement(QStringView name, const QXmlStreamAttributes &attributes)
+void KWPlanReader::readElement(const char *name, const char *const *attributes)
 {
-    if (name == QLatin1StringView("guest")) {
+    const QLatin1StringView element(name);
+    if (element == QLatin1StringView("guest")) {
         m_guests.push_back(valuesOf(attributes, guestAttributes));
-    } else if (name == QLatin1StringView("group")) {
+    } else if (element == QLatin1StringView("group")) {
         m_groups.push_back(valuesOf(attributes, groupAttributes));
-    } else if (name == QLatin1StringView("table")) {
+    } else if (element == QLatin1StringView("table")) {
         m_tables.push_back(valuesOf(attributes, tableAttributes));
-    } else if (name == QLatin1StringView("affinity")) {
+    } else if (element == QLatin1StringView("affinity")) {
         const auto values = valuesOf(attributes, affinityAttributes);
         m_affinities.push_back({toInt(values[0]), toInt(values[1]), toInt(values[2])});
     } else {
         // Of two equal settings the first counts.
-        m_settings.try_emplace(name.toString(),
-                               unescaped(attributes.value(QLatin1StringView("value"))));
+        m_settings.try_emplace(name, valueOf(attributes, QLatin1StringView("value")));
     }
 }
 
@@ -179,7 +231,7 @@ bool KWPlanReader::hasTooManySeats() const
 
 bool KWPlanReader::versionDiffers() const
 {
-    const auto found = m_settings.find(QLatin1StringView("version"));
+    const auto found = m_settings.find("version");
     return found != m_settings.end() && !found->second.isEmpty() && toInt(found->second) != version;
 }
 
@@ -224,7 +276,7 @@ void KWPlanReader::buildSettings(KWDocument &document, KWViewSettings &views) co
     KWPlanFields fields = absentPlanFields();
     views = KWViewSettings();
     for (const KWPlanSetting &setting : planSettings()) {
-        const auto found = m_settings.find(setting.key);
+        const auto found = m_settings.find(setting.key.data());
         std::visit(
             [&](auto member) {
                 auto &value = settingOf(fields, views, member);

@@ -7,19 +7,18 @@
 
 #include <array>
 #include <map>
-#include <optional>
+#include <string>
 #include <vector>
 
 class KWDocument;
 class QIODevice;
-class QXmlStreamAttributes;
 
 /// Reads a plan file: first the whole text into plain records, so that a text that is no plan
 /// changes nothing, then the records into a document.
 ///
 /// Elements count wherever they stand. What a plan cannot hold is dropped without a word; only a
-/// text that is no XML, has another document type, or asks for more seats than any room holds is
-/// refused.
+/// text that is no XML, has another document type or declarations of its own, nests far deeper
+/// than plans do, or asks for more seats than any room holds is refused.
 class KWPlanReader
 {
 public:
@@ -46,14 +45,16 @@ private:
         int value;
     };
 
-    void readElement(QStringView name, const QXmlStreamAttributes &attributes);
+    class Parser;
+
+    void readElement(const char *name, const char *const *attributes);
     bool hasTooManySeats() const;
     void buildSettings(KWDocument &document, KWViewSettings &views) const;
     static void buildGuest(KWDocument &document, const GuestRecord &record);
     static void buildGroup(KWDocument &document, const GroupRecord &record);
     static void buildTable(KWDocument &document, const TableRecord &record);
 
-    std::map<QString, QString, std::less<>> m_settings;
+    std::map<std::string, QString, std::less<>> m_settings;
     std::vector<GuestRecord> m_guests;
     std::vector<GroupRecord> m_groups;
     std::vector<TableRecord> m_tables;

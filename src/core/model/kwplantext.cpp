@@ -1,6 +1,6 @@
 #include "kwplantext.h"
 
-#include <QLocale>
+#include <QStringDecoder>
 #include <QStringList>
 #include <QUrl>
 
@@ -52,16 +52,15 @@ QString escaped(const QString &text)
     return QString::fromLatin1(QUrl::toPercentEncoding(text, "!()*/", "~"));
 }
 
-QString unescaped(QStringView text)
+QString unescaped(QByteArrayView utf8)
 {
-    const QByteArray bytes = text.toUtf8();
     QByteArray result;
-    result.reserve(bytes.size());
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        char byte = bytes.at(i);
-        if (byte == '%' && i + 2 < bytes.size()) {
-            const int high = hexDigit(bytes.at(i + 1));
-            const int low = hexDigit(bytes.at(i + 2));
+    result.reserve(utf8.size());
+    for (qsizetype i = 0; i < utf8.size(); ++i) {
+        char byte = utf8.at(i);
+        if (byte == '%' && i + 2 < utf8.size()) {
+            const int high = hexDigit(utf8.at(i + 1));
+            const int low = hexDigit(utf8.at(i + 2));
             if (high >= 0 && low >= 0) {
                 byte = static_cast<char>(high * 16 + low);
                 i += 2;
@@ -70,7 +69,10 @@ QString unescaped(QStringView text)
         if (byte != '\0')
             result.append(byte);
     }
-    return QString::fromUtf8(result);
+    // QString::fromUtf8 would take U+FEFF at the beginning for a mark of the encoding.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom |
+                                                     QStringDecoder::Flag::Stateless);
+    return decoder(result);
 }
 
 QString fromInt(int value)
@@ -140,9 +142,11 @@ QDate toDate(const QString &text)
 QFont toFont(const QString &text)
 {
     QFont font;
-    const qsizetype fields = text.count(u',') + 1;
+    const QString trimmed = text.trimmed();
+    const qsizetype fields = trimmed.count(u',') + 1;
     // What the toolkit would refuse, it would complain about on the terminal first.
-    const bool readable = !text.startsWith(u',') && (fields <= 2 || (fields >= 10 && fields <= 17));
+    const bool readable = !trimmed.isEmpty() && !trimmed.startsWith(u',') &&
+                          (fields <= 2 || (fields >= 10 && fields <= 17));
     if (readable)
         font.fromString(text);
     if (font.pointSizeF() > maxFontSize)

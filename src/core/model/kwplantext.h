@@ -45,7 +45,7 @@ inline constexpr std::array affinityAttributes{
 /// escapes of its UTF-8 bytes.
 QString escaped(const QString &text);
 /// The reverse. A "%" without two hex digits stands for itself; null characters are dropped.
-QString unescaped(QStringView text);
+QString unescaped(QByteArrayView utf8);
 
 QString fromInt(int value);
 QString fromBool(bool value);
