@@ -1,10 +1,11 @@
 #include "kwlayoutrun.h"
 
-#include "kwgeneticsolver.h"
 #include "kwmemoryexception.h"
 #include "kwmodelhooks.h"
 
 #include <QElapsedTimer>
+
+#include <new>
 
 namespace {
 constexpr int populationSize = 20;
@@ -35,13 +36,16 @@ public:
             traceLine(QStringLiteral("**GA finished"));
         } catch (const KWMemoryException &) {
             memoryFailed = true;
+        } catch (const std::bad_alloc &) {
+            memoryFailed = true;
         }
         m_result.stoppedBy = stoppedBy(memoryFailed);
         // Candidates are in order only after a generation; without one the best may be anywhere.
         if (m_result.generations == 0)
             m_solver.sortSolutions();
-        traceLine(QStringLiteral("**best solution="), m_solver.bestSolution().history());
-        m_document = m_solver.bestSolution();
+        const KWDocument best = m_solver.bestSolution();
+        traceLine(QStringLiteral("**best solution="), best.history());
+        m_document = best;
         return m_result;
     }
 

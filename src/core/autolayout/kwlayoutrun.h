@@ -1,14 +1,13 @@
 #pragma once
 
-#include <functional>
+#include "kwgeneticsolver.h"
 
-class KWDocument;
+#include <functional>
 
 /// When a layout run ends; the defaults are those of the user's settings.
 struct KWLayoutOptions
 {
-    /// A value of KWGeneticSolver::StopCriteria.
-    int stopCriteria = 2;
+    int stopCriteria = KWGeneticSolver::StopOnUnimproved;
     int maxSeconds = 60;
     int maxGenerationsUnimproved = 20;
 };
@@ -21,7 +20,8 @@ struct KWLayoutProgress
     int done;
     /// Start solutions wanted; meaningless after the start stage.
     int total;
-    /// The score that the run would end with now.
+    /// The better of the plan's score and the first candidate's. Start solutions stand in the
+    /// order in which they were made, so a better one may be among them.
     int score;
 };
 

@@ -32,6 +32,7 @@ void KWSolutionsList::append(std::unique_ptr<KWDocument> solution)
 
 void KWSolutionsList::append(KWSolutionsList &&other)
 {
+    m_solutions.reserve(m_solutions.size() + other.m_solutions.size());
     std::ranges::move(other.m_solutions, std::back_inserter(m_solutions));
     other.m_solutions.clear();
 }

@@ -17,30 +17,12 @@ double toMetres(double size, int units)
 }
 } // namespace
 
-KWDocument::KWDocument()
+KWDocument::LiveMark::LiveMark()
 {
     ++documentsAlive;
 }
 
-KWDocument::KWDocument(const KWDocument &other)
-    : QObject()
-    , m_fields(other.m_fields)
-    , m_history(other.m_history)
-{
-    ++documentsAlive;
-    copyFrom(other);
-}
-
-KWDocument &KWDocument::operator=(const KWDocument &other)
-{
-    if (this != &other)
-        copyFrom(other);
-    else
-        emit eventModified();
-    return *this;
-}
-
-KWDocument::~KWDocument()
+KWDocument::LiveMark::~LiveMark()
 {
     --documentsAlive;
 }
@@ -50,25 +32,68 @@ int KWDocument::liveCount()
     return documentsAlive;
 }
 
-void KWDocument::copyFrom(const KWDocument &other)
+KWDocument::EventBlock::EventBlock(KWDocument &document)
+    : m_document(document)
 {
-    blockEvents();
-    m_history = other.m_history;
-    m_tables.clear();
-    m_guests.clear();
-    m_groups.clear();
+    m_document.blockEvents();
+}
 
-    m_modified = other.m_modified;
-    m_file_name = other.m_file_name;
-    m_fields = other.m_fields;
+KWDocument::EventBlock::~EventBlock()
+{
+    m_document.unblockEvents();
+}
 
+KWDocument::KWDocument() = default;
+
+KWDocument::KWDocument(const KWDocument &other)
+    : QObject()
+    , m_affinities(other.m_affinities)
+    , m_guestOfWishId(other.m_guestOfWishId.size(), nullptr)
+    , m_fields(other.m_fields)
+    , m_file_name(other.m_file_name)
+    , m_history(other.m_history)
+    // Taking over wishes is a change like any other.
+    , m_modified(other.m_modified || other.affinityCount() > 0)
+{
+    copyGuests(other);
+    copyGroups(other);
+    copyTables(other);
+}
+
+KWDocument &KWDocument::operator=(const KWDocument &other)
+{
+    if (this != &other) {
+        const EventBlock block(*this);
+        // The copy is whole before anything of this plan goes.
+        KWDocument copy(other);
+        m_tables.swap(copy.m_tables);
+        m_groups.swap(copy.m_groups);
+        m_guests.swap(copy.m_guests);
+        m_affinities = copy.m_affinities;
+        m_guestOfWishId.swap(copy.m_guestOfWishId);
+        std::swap(m_fields, copy.m_fields);
+        m_file_name = copy.m_file_name;
+        m_history = copy.m_history;
+        m_modified = copy.m_modified;
+    }
+    emit eventModified();
+    return *this;
+}
+
+KWDocument::~KWDocument() = default;
+
+void KWDocument::copyGuests(const KWDocument &other)
+{
     m_guests.reserve(other.guestCount());
-    m_guestOfWishId.fill(nullptr, other.m_guestOfWishId.size());
     for (const KWGuest *source : other.m_guests) {
         KWGuest *guest = m_guests.append(*source);
         guest->m_wishId = source->m_wishId;
         m_guestOfWishId[guest->m_wishId] = guest;
     }
+}
+
+void KWDocument::copyGroups(const KWDocument &other)
+{
     m_groups.reserve(other.groupCount());
     for (const KWGroup *source : other.m_groups) {
         KWGroup *group = m_groups.append(*source);
@@ -78,6 +103,10 @@ void KWDocument::copyFrom(const KWDocument &other)
             guest->setGroup(group);
         }
     }
+}
+
+void KWDocument::copyTables(const KWDocument &other)
+{
     m_tables.reserve(other.tableCount());
     for (const KWTable *source : other.m_tables) {
         KWTable *table = m_tables.append(*source);
@@ -89,12 +118,6 @@ void KWDocument::copyFrom(const KWDocument &other)
         if (source->areScoresCurrent())
             table->setScores(source->seatScores(), source->score());
     }
-    m_affinities = other.m_affinities;
-    // Taking over wishes is a change like any other.
-    if (m_affinities.size() > 0)
-        m_modified = true;
-    unblockEvents();
-    emit eventModified();
 }
 
 void KWDocument::clear()
@@ -143,6 +166,7 @@ void KWDocument::blockEvents()
 
 void KWDocument::unblockEvents()
 {
+    Q_ASSERT(eventBlockDepth > 0);
     --eventBlockDepth;
     if (eventBlockDepth == 0)
         blockSignals(false);

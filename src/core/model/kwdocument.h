@@ -13,7 +13,7 @@
 #include <QPair>
 #include <QStringList>
 
-class QIODevice;
+#include <vector>
 
 /// The plan: it owns all guests, groups and tables and is the one place through which they are
 /// changed. Every change marks the plan as modified, rescores it when asked to, and fires the
@@ -33,7 +33,7 @@ public:
     KWDocument();
     KWDocument(const KWDocument &other);
     /// Replaces the whole plan but keeps the object and its connections. Fires eventModified()
-    /// only; the callers announce the change.
+    /// only; the callers announce the change. Without memory for the copy, nothing changes.
     KWDocument &operator=(const KWDocument &other);
     ~KWDocument() override;
 
@@ -176,7 +176,8 @@ public:
     void editTable(KWTable *table, const QString &name, int shape, int count1, int count2,
                    int count3, int count4, const QString &notes);
     void setTableName(KWTable *table, const QString &name);
-    /// The seats and the side counts stay; to change them with the shape, use editTable().
+    /// The seats and the side counts stay, so a table given sides like this has seats that a plan
+    /// file cannot hold; to change a shape with its seats, use editTable().
     void setTableShape(KWTable *table, int shape);
     void setTableLocked(KWTable *table, bool locked);
     void resizeTable(KWTable *table, int count, bool rescore);
@@ -204,6 +205,19 @@ public:
     /// documents of the process, so nested pairs on other documents do nothing.
     void blockEvents();
     void unblockEvents();
+
+    /// Blocks a document's events while it lives, however its scope is left.
+    class EventBlock
+    {
+    public:
+        explicit EventBlock(KWDocument &document);
+        ~EventBlock();
+        EventBlock(const EventBlock &) = delete;
+        EventBlock &operator=(const EventBlock &) = delete;
+
+    private:
+        KWDocument &m_document;
+    };
 
     // Queries.
     int tableCount() const { return m_tables.size(); }
@@ -312,8 +326,8 @@ public:
     // The plan file.
     enum FileResult { FileOk = 0, FileNotAPlan = 1, FileCannotOpen = 2, FileCannotWrite = 4 };
     /// Writes the plan and the panes' settings to a file: FileOk or FileCannotWrite. An existing
-    /// file is replaced only once all is written. On success the plan is unmodified and has this
-    /// file name.
+    /// file is replaced only once all is written; only where its folder takes no new files is it
+    /// written over. On success the plan is unmodified and has this file name.
     int save(const QString &path, const KWViewSettings &viewSettings);
     /// Replaces the plan by a file's: FileOk, FileNotAPlan or FileCannotOpen. The plan is empty
     /// after a failure. `viewSettings` is filled on success only.
@@ -360,20 +374,37 @@ private:
     template <typename Value>
     void setFact(Value KWPlanFields::*field, const Value &value);
     void reportModified();
-    void copyFrom(const KWDocument &other);
+    void copyGuests(const KWDocument &other);
+    void copyGroups(const KWDocument &other);
+    void copyTables(const KWDocument &other);
     bool fitToShape(KWTable *table, int count1, int count2, int count3, int count4);
     void resizeSides(KWTable *table, const KWTable::Sides &sides, int seats, bool rescore);
     void resizeSeats(KWTable *table, int count, bool rescore);
-    /// The total of seatContribution() for each of some guests who are on no seat.
-    QList<int> seatTotals(const KWTable *table, int seat, const QList<KWGuest *> &candidates) const;
-    KWGuest *bestGuestForSeat(const KWTable *table, int seat,
-                              const QList<KWGuest *> &candidates) const;
+    /// Points of a seat that do not depend on wishes: for being alone, and for the neighbours'
+    /// genders.
+    int neighbourPoints(const KWTable *table, int seat, const KWGuest *guest) const;
+    /// Adds to `points`, by wish number, what the wishes of the table's guests would be worth to
+    /// others on the seat; with a `sign` of -1 takes the same away.
+    void addWishPoints(const KWTable *table, int seat, int sign, std::vector<int> &points) const;
+    /// `points` has an element for each wish number; all are 0 before and after.
+    KWGuest *bestGuestForSeat(const KWTable *table, int seat, const QList<KWGuest *> &candidates,
+                              std::vector<int> &points) const;
     int bestWaitingPartner(const KWGuest *guest, int candidateCount) const;
     KWGuest *guestOfWish(int id) const
     {
         return id >= 0 && id < m_guestOfWishId.size() ? m_guestOfWishId.at(id) : nullptr;
     }
 
+    /// Counts a document while it lives, even if it is never finished.
+    struct LiveMark
+    {
+        LiveMark();
+        ~LiveMark();
+        LiveMark(const LiveMark &) = delete;
+        LiveMark &operator=(const LiveMark &) = delete;
+    };
+
+    LiveMark m_alive;
     // The order matters: tables go before guests, so that no guest's seat note outlives a table.
     KWObjectList<KWGuest> m_guests;
     KWObjectList<KWGroup> m_groups;

@@ -13,13 +13,15 @@ int KWDocument::save(const QString &path, const KWViewSettings &viewSettings)
     KWSafeFile file(path, true);
     if (!file.open())
         return FileCannotWrite;
-    blockEvents();
-    const bool written = file.commit(toPlanText(viewSettings));
-    if (written) {
-        m_modified = false;
-        m_file_name = QDir::toNativeSeparators(path);
+    bool written = false;
+    {
+        const EventBlock block(*this);
+        written = file.commit(toPlanText(viewSettings));
+        if (written) {
+            m_modified = false;
+            m_file_name = QDir::toNativeSeparators(path);
+        }
     }
-    unblockEvents();
     if (written)
         emit eventDocumentNameChange(m_file_name);
     modelHooks().progressFinished();
@@ -42,12 +44,13 @@ int KWDocument::load(const QString &path, KWViewSettings &viewSettings, bool &ve
 
     versionDiffers = reader.versionDiffers();
     emit loadingGuests(reader.guestCount());
-    blockEvents();
-    reader.build(*this, viewSettings);
-    file.close();
-    m_modified = false;
-    recalculateScores();
-    unblockEvents();
+    {
+        const EventBlock block(*this);
+        reader.build(*this, viewSettings);
+        file.close();
+        m_modified = false;
+        recalculateScores();
+    }
     emit eventDocumentNameChange(m_file_name);
     emit eventModified();
     modelHooks().progressFinished();

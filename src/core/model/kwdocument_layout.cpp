@@ -19,6 +19,7 @@ void KWDocument::randomLayout()
         }
     }
     QList<KWGuest *> waiting = unseatedUnlockedGuests();
+    std::vector<int> points(static_cast<std::size_t>(m_guestOfWishId.size()));
     for (KWTable *table : shuffledTables()) {
         const int limit = std::min(table->seatCount(), static_cast<int>(waiting.size()));
         int placed = 0;
@@ -27,7 +28,7 @@ void KWDocument::randomLayout()
             if (seatHoldsLockedGuest(table, seat))
                 continue;
             KWGuest *guest = first ? waiting.at(randomNumber(static_cast<int>(waiting.size())))
-                                   : bestGuestForSeat(table, seat, waiting);
+                                   : bestGuestForSeat(table, seat, waiting, points);
             first = false;
             assignGuest(guest, table, seat, false);
             waiting.removeOne(guest);
@@ -45,28 +46,32 @@ KWGuest *KWDocument::randomUnseatedGuest() const
 
 KWGuest *KWDocument::bestGuestForSeat(const KWTable *table, int seat) const
 {
-    return bestGuestForSeat(table, seat, unseatedUnlockedGuests());
+    std::vector<int> points(static_cast<std::size_t>(m_guestOfWishId.size()));
+    return bestGuestForSeat(table, seat, unseatedUnlockedGuests(), points);
 }
 
 KWGuest *KWDocument::bestGuestForSeat(const KWTable *table, int seat,
-                                      const QList<KWGuest *> &candidates) const
+                                      const QList<KWGuest *> &candidates,
+                                      std::vector<int> &points) const
 {
     // The last seat can have no further neighbour, so a guest with a good partner waiting is
     // kept for another table.
     const bool lastSeat = seat == table->seatCount() - 1;
+    const auto count = static_cast<int>(candidates.size());
     KWGuest *bestGuest = nullptr;
     int best = worstValue;
-    const QList<int> totals = seatTotals(table, seat, candidates);
-    const auto count = static_cast<int>(candidates.size());
-    for (int i = 0; i < count; ++i) {
-        int value = totals.at(i);
+    addWishPoints(table, seat, +1, points);
+    for (KWGuest *guest : candidates) {
+        int value =
+            neighbourPoints(table, seat, guest) + points[static_cast<std::size_t>(guest->m_wishId)];
         if (lastSeat)
-            value -= bestWaitingPartner(candidates.at(i), count);
+            value -= bestWaitingPartner(guest, count);
         if (value > best) {
             best = value;
-            bestGuest = candidates.at(i);
+            bestGuest = guest;
         }
     }
+    addWishPoints(table, seat, -1, points);
     return bestGuest;
 }
 

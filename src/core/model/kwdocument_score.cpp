@@ -119,30 +119,29 @@ KWSeatScore KWDocument::seatContribution(const KWTable *table, int seat, const K
     return score;
 }
 
-QList<int> KWDocument::seatTotals(const KWTable *table, int seat,
-                                  const QList<KWGuest *> &candidates) const
+int KWDocument::neighbourPoints(const KWTable *table, int seat, const KWGuest *guest) const
+{
+    const double weight = KWScore::weight(guest->isVip());
+    const KWGuest *left = table->leftNeighbour(seat);
+    const KWGuest *right = table->rightNeighbour(seat);
+    return alonePoints(left, right, weight) + genderPoints(guest, right, weight) +
+           genderPoints(guest, left, weight);
+}
+
+void KWDocument::addWishPoints(const KWTable *table, int seat, int sign,
+                               std::vector<int> &points) const
 {
     const KWGuest *left = table->leftNeighbour(seat);
     const KWGuest *right = table->rightNeighbour(seat);
     // Few sit at the table and many wait, so the wishes are walked from those who sit.
-    std::vector<int> points(static_cast<std::size_t>(m_guestOfWishId.size()));
     for (const KWGuest *other : table->seats()) {
         if (!other)
             continue;
         for (const auto &wish : m_affinities.wishesOf(other->m_wishId)) {
             if (KWScore::entryOf(wish.value) >= 0)
                 points[static_cast<std::size_t>(wish.other)] +=
-                    wishPoints(wish.value, other, left, right,
-                               KWScore::weight(guestOfWish(wish.other)->isVip()));
+                    sign * wishPoints(wish.value, other, left, right,
+                                      KWScore::weight(guestOfWish(wish.other)->isVip()));
         }
     }
-    QList<int> totals;
-    totals.reserve(candidates.size());
-    for (const KWGuest *guest : candidates) {
-        const double weight = KWScore::weight(guest->isVip());
-        totals.append(points[static_cast<std::size_t>(guest->m_wishId)] +
-                      alonePoints(left, right, weight) + genderPoints(guest, right, weight) +
-                      genderPoints(guest, left, weight));
-    }
-    return totals;
 }

@@ -17,7 +17,7 @@ struct KWModelHooks
     std::function<QColor()> selectionColour = [] { return QColor(Qt::red); };
     /// The printed footer of a plan file that does not say.
     std::function<QString()> printFooter = [] { return QString(); };
-    /// A line for the trace. Without a sink, lines are not even put together.
+    /// A line for the trace, which is for developers only.
     std::function<void(const QString &line)> trace;
 };
 

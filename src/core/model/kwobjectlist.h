@@ -2,8 +2,11 @@
 
 #include <QList>
 
+#include <algorithm>
+#include <cstddef>
+#include <memory>
 #include <memory_resource>
-#include <optional>
+#include <new>
 #include <utility>
 
 /// Guests, groups or tables in list order; owns them.
@@ -44,7 +47,8 @@ public:
     {
         if (count <= 0)
             return;
-        m_memory.emplace(static_cast<std::size_t>(count) * sizeof(T));
+        const auto size = static_cast<std::size_t>(count) * sizeof(T);
+        m_memory = std::make_unique<std::pmr::monotonic_buffer_resource>(size);
         m_items.reserve(count);
     }
 
@@ -53,11 +57,19 @@ public:
     T *append(Args &&...args)
     {
         if (!m_memory)
-            m_memory.emplace();
-        T *item = new (m_memory->allocate(sizeof(T), alignof(T))) T(std::forward<Args>(args)...);
-        item->m_list_position = size();
-        m_items.append(item);
-        return item;
+            m_memory = std::make_unique<std::pmr::monotonic_buffer_resource>();
+        // Room in the list first, so that nothing can fail once the object is there.
+        m_items.append(nullptr);
+        try {
+            void *place = m_memory->allocate(sizeof(T), alignof(T));
+            T *item = new (place) T(std::forward<Args>(args)...);
+            item->m_list_position = size() - 1;
+            m_items.last() = item;
+            return item;
+        } catch (...) {
+            m_items.removeLast();
+            throw;
+        }
     }
 
     /// Removes and destroys an object of this list.
@@ -78,6 +90,12 @@ public:
         renumber(std::min(from, to));
     }
 
+    void swap(KWObjectList &other) noexcept
+    {
+        m_items.swap(other.m_items);
+        m_memory.swap(other.m_memory);
+    }
+
     void clear()
     {
         for (T *item : std::as_const(m_items))
@@ -94,5 +112,5 @@ private:
     }
 
     QList<T *> m_items;
-    std::optional<std::pmr::monotonic_buffer_resource> m_memory;
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> m_memory;
 };

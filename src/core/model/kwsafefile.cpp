@@ -4,11 +4,22 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+namespace {
+/// Replacing a device or a pipe by a new file would destroy it, and replacing the file behind
+/// /dev/stdout would take it from whoever reads it.
+bool mustBeWrittenDirectly(const QString &path)
+{
+    const QFileInfo info(path);
+    return (info.exists() && !info.isFile() && !info.isDir()) ||
+           path == QLatin1StringView("/dev/stdout") || path == QLatin1StringView("/dev/stderr") ||
+           path.startsWith(QLatin1StringView("/dev/fd/")) ||
+           path.startsWith(QLatin1StringView("/proc/"));
+}
+} // namespace
+
 KWSafeFile::KWSafeFile(const QString &path, bool mayOverwrite)
 {
-    // Renaming a new file over a device or a pipe would destroy it.
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile() && !info.isDir()) {
+    if (mustBeWrittenDirectly(path)) {
         m_file = std::make_unique<QFile>(path);
         return;
     }
@@ -19,18 +30,31 @@ KWSafeFile::KWSafeFile(const QString &path, bool mayOverwrite)
 
 bool KWSafeFile::open()
 {
-    return m_file->open(QIODevice::WriteOnly);
+    // What is behind /dev/stdout may have been opened for appending.
+    const auto append =
+        qobject_cast<QFile *>(m_file.get()) ? QIODevice::Append : QIODevice::NotOpen;
+    return check(m_file->open(QIODevice::WriteOnly | append));
 }
 
 bool KWSafeFile::commit(const QByteArray &content)
 {
     // QSaveFile takes no notice of a write that fails only when the buffer is flushed.
-    const bool written = m_file->write(content) == content.size() && m_file->flush();
+    const bool written = check(m_file->write(content) == content.size() && m_file->flush());
     if (auto *file = qobject_cast<QSaveFile *>(m_file.get())) {
-        if (!written)
+        if (!written) {
             file->cancelWriting();
-        return file->commit() && written;
+            file->commit();
+            return false;
+        }
+        return check(file->commit());
     }
     m_file->close();
-    return written && m_file->error() == QFileDevice::NoError;
+    return written && check(m_file->error() == QFileDevice::NoError);
+}
+
+bool KWSafeFile::check(bool ok)
+{
+    if (!ok)
+        m_error = m_file->errorString();
+    return ok;
 }
