@@ -5,12 +5,10 @@
 
 CommandLine::CommandLine(const QString &command, const QString &description)
     : m_command(command)
+    , m_description(description)
 {
-    m_parser.setApplicationDescription(description);
     m_parser.addOption({{QStringLiteral("h"), QStringLiteral("help")},
                         QStringLiteral("Show this help and exit.")});
-    m_parser.addPositionalArgument(command, QStringLiteral("This command."), command);
-    m_parser.addPositionalArgument(QStringLiteral("PLAN"), QStringLiteral("The plan file."));
 }
 
 void CommandLine::addOutputOption()
@@ -27,14 +25,24 @@ std::optional<int> CommandLine::parse(const QStringList &arguments)
     if (!m_parser.parse(arguments))
         return refuse(m_parser.errorText());
     if (m_parser.isSet(QStringLiteral("help")))
-        return printText(m_parser.helpText());
+        return printText(helpText());
     const qsizetype plans = m_parser.positionalArguments().size() - 1;
     if (plans != 1)
-        return refuse(plans < 1 ? QStringLiteral("Which plan?")
+        return refuse(plans < 1 ? QStringLiteral("Which plan? Name a file.")
                                 : QStringLiteral("One plan at a time."));
     if (m_needsOutput && output().isEmpty())
         return refuse(QStringLiteral("Where to? Name the file to write with -o."));
     return std::nullopt;
+}
+
+QString CommandLine::helpText() const
+{
+    // The parser's own usage line knows nothing of commands.
+    const QString options = m_parser.helpText();
+    return QStringLiteral("Usage: ambrelune-cli %1 PLAN %2[options]\n%3\n\n")
+               .arg(m_command, m_needsOutput ? QStringLiteral("-o OUT ") : QString(),
+                    m_description) +
+           options.mid(options.indexOf(QLatin1StringView("Options:")));
 }
 
 std::optional<qint64> CommandLine::number(const QString &option, qint64 most) const

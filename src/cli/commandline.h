@@ -9,7 +9,7 @@
 class CommandLine
 {
 public:
-    /// `syntax` follows the command's name in the usage line, as in "PLAN".
+    /// The description is for the help text, in lines of its own.
     CommandLine(const QString &command, const QString &description);
 
     void addOption(const QCommandLineOption &option) { m_parser.addOption(option); }
@@ -31,7 +31,10 @@ public:
     int refuse(const QString &complaint) const;
 
 private:
+    QString helpText() const;
+
     QCommandLineParser m_parser;
     QString m_command;
+    QString m_description;
     bool m_needsOutput = false;
 };

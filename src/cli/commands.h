@@ -10,7 +10,8 @@ enum ExitStatus {
     ExitNotAPlan = 1,
     ExitCannotOpen = 2,
     ExitCannotWrite = 4,
-    ExitUsage = 64
+    ExitUsage = 64,
+    ExitNoMemory = 71
 };
 
 /// One command of the tool. `run` takes the whole command line, the program's and the command's

@@ -5,14 +5,57 @@
 #include "kwsafefile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cstdio>
 
+namespace {
+bool turnsWriting(QChar c)
+{
+    switch (c.direction()) {
+    case QChar::DirLRE:
+    case QChar::DirLRO:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirPDF:
+    case QChar::DirLRI:
+    case QChar::DirRLI:
+    case QChar::DirFSI:
+    case QChar::DirPDI:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString oneLine(const QString &text)
+{
+    QString line = text.simplified();
+    line.removeIf([](QChar c) { return c.category() == QChar::Other_Control || turnsWriting(c); });
+    return line;
+}
+
+/// Why a plan cannot be opened, in the system's words.
+QString reasonFor(const QString &path)
+{
+    if (QFileInfo(path).isDir())
+        return QStringLiteral("it is a folder");
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return file.errorString();
+}
+} // namespace
+
 void complain(const QString &message)
 {
-    // A name may hold a line break; a complaint is one line all the same.
-    const QString line = QStringLiteral("ambrelune-cli: ") + message.simplified() + u'\n';
+    const QString line = QStringLiteral("ambrelune-cli: ") + oneLine(message) + u'\n';
     std::fputs(line.toLocal8Bit().constData(), stderr);
+}
+
+QString printable(const QString &text)
+{
+    const QString line = oneLine(text);
+    return line.isEmpty() ? QStringLiteral("(no name)") : line;
 }
 
 int printText(const QString &text)
@@ -47,7 +90,18 @@ int loadPlan(KWDocument &document, const QString &path, KWViewSettings &views, b
         complain(QStringLiteral("'%1' is not a plan, or it is damaged.").arg(path));
         return ExitNotAPlan;
     default:
-        complain(QStringLiteral("Cannot open '%1'.").arg(path));
+        complain(QStringLiteral("Cannot open '%1': %2.").arg(path, reasonFor(path)));
         return ExitCannotOpen;
     }
+}
+
+int loadPlanToWrite(KWDocument &document, const QString &path, KWViewSettings &views)
+{
+    bool versionDiffers = false;
+    const int status = loadPlan(document, path, views, versionDiffers);
+    if (versionDiffers)
+        complain(QStringLiteral("'%1' was created with a different version of the software. Some "
+                                "information may not be in the plan that is written.")
+                     .arg(path));
+    return status;
 }

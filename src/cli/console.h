@@ -19,3 +19,9 @@ int writeOutput(const QString &path, const QByteArray &content);
 /// Loads a plan: ExitOk, or a complaint and the status for it.
 int loadPlan(KWDocument &document, const QString &path, KWViewSettings &views,
              bool &versionDiffers);
+/// The same for a command that writes the plan again: says what may get lost.
+int loadPlanToWrite(KWDocument &document, const QString &path, KWViewSettings &views);
+
+/// A plan's text on one line, without what would control the terminal or turn its writing round;
+/// "(no name)" for a blank text.
+QString printable(const QString &text);

@@ -11,9 +11,11 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <limits>
+#include <optional>
 #include <unistd.h>
 
 namespace {
@@ -29,7 +31,10 @@ public:
         struct sigaction action = {};
         action.sa_handler = [](int) { interrupted = 1; };
         action.sa_flags = static_cast<int>(SA_RESETHAND);
-        sigaction(SIGINT, &action, &m_before);
+        sigaction(SIGINT, nullptr, &m_before);
+        // A job that a script runs in the background ignores Ctrl+C, which is meant for others.
+        if (m_before.sa_handler != SIG_IGN)
+            sigaction(SIGINT, &action, nullptr);
     }
     ~InterruptWatch() { sigaction(SIGINT, &m_before, nullptr); }
     InterruptWatch(const InterruptWatch &) = delete;
@@ -107,20 +112,27 @@ QString stoppedByWord(KWLayoutResult::StoppedBy stoppedBy)
     }
 }
 
+/// To the precision that is worth printing.
+double toThreePlaces(double value)
+{
+    return std::round(value * 1000) / 1000;
+}
+
 QByteArray toJson(const Report &report)
 {
-    const QJsonObject json{{QStringLiteral("guests"), report.guests},
-                           {QStringLiteral("seats"), report.seats},
-                           {QStringLiteral("start_seated"), report.startSeated},
-                           {QStringLiteral("start_score"), report.startScore},
-                           {QStringLiteral("seated"), report.seated},
-                           {QStringLiteral("score"), report.score},
-                           {QStringLiteral("start_solutions"), report.run.startSolutions},
-                           {QStringLiteral("generations"), report.run.generations},
-                           {QStringLiteral("start_stage_ms"), report.run.startStageMs},
-                           {QStringLiteral("generations_ms"), report.run.generationsMs},
-                           {QStringLiteral("seconds"), report.seconds()},
-                           {QStringLiteral("stopped_by"), stoppedByWord(report.run.stoppedBy)}};
+    const QJsonObject json{
+        {QStringLiteral("guests"), report.guests},
+        {QStringLiteral("seats"), report.seats},
+        {QStringLiteral("start_seated"), report.startSeated},
+        {QStringLiteral("start_score"), report.startScore},
+        {QStringLiteral("seated"), report.seated},
+        {QStringLiteral("score"), report.score},
+        {QStringLiteral("start_solutions"), report.run.startSolutions},
+        {QStringLiteral("generations"), report.run.generations},
+        {QStringLiteral("start_stage_ms"), toThreePlaces(report.run.startStageMs)},
+        {QStringLiteral("generations_ms"), toThreePlaces(report.run.generationsMs)},
+        {QStringLiteral("seconds"), toThreePlaces(report.seconds())},
+        {QStringLiteral("stopped_by"), stoppedByWord(report.run.stoppedBy)}};
     return QJsonDocument(json).toJson();
 }
 
@@ -169,17 +181,21 @@ void addOptions(CommandLine &line)
                     QStringLiteral("Stop on time, on generations without improvement "
                                    "(unimproved), or on either. Default: unimproved."),
                     QStringLiteral("WHAT"), QStringLiteral("unimproved")});
-    line.addOption({QStringLiteral("seconds"), QStringLiteral("The time allowed. Default: 60."),
+    line.addOption({QStringLiteral("seconds"),
+                    QStringLiteral("With --stop time or either: stop once more than N whole "
+                                   "seconds have passed. Default: 60."),
                     QStringLiteral("N"), QString::number(defaults.maxSeconds)});
     line.addOption({QStringLiteral("unimproved"),
-                    QStringLiteral("The generations without improvement allowed. "
-                                   "Default: 20."),
+                    QStringLiteral("With --stop unimproved or either: stop after N generations "
+                                   "without improvement. Default: 20."),
                     QStringLiteral("N"), QString::number(defaults.maxGenerationsUnimproved)});
     line.addOption({QStringLiteral("seed"),
                     QStringLiteral("Start the random numbers from N, so that the layout can be "
-                                   "repeated. Default: the time."),
+                                   "repeated. Default: the time in seconds."),
                     QStringLiteral("N")});
-    line.addOption({QStringLiteral("json"), QStringLiteral("Print what was done as JSON.")});
+    line.addOption({QStringLiteral("json"),
+                    QStringLiteral("Print what was done as JSON; stopped_by is time, unimproved, "
+                                   "user or memory.")});
     line.addOption({QStringLiteral("quiet"), QStringLiteral("Print nothing but what was asked "
                                                             "for with --json.")});
 }
@@ -212,8 +228,8 @@ int layoutCommand(const QStringList &arguments)
 {
     CommandLine line(QStringLiteral("layout"),
                      QStringLiteral("Finds a seating for all guests who are not locked and writes "
-                                    "the plan with it. Ctrl+C ends the search with the best "
-                                    "seating so far."));
+                                    "the plan with it.\nCtrl+C ends the search and writes the "
+                                    "best seating so far; a second Ctrl+C\nends the program."));
     addOptions(line);
     if (const auto status = line.parse(arguments))
         return *status;
@@ -235,9 +251,12 @@ int layoutCommand(const QStringList &arguments)
 
     KWDocument document;
     KWViewSettings views;
-    bool versionDiffers = false;
-    if (const int status = loadPlan(document, line.plan(), views, versionDiffers))
+    if (const int status = loadPlanToWrite(document, line.plan(), views))
         return status;
+    if (document.seatCount() == 0)
+        complain(QStringLiteral("There are no seats: add some tables first."));
+    else if (document.unlockedGuestCount() == 0)
+        complain(QStringLiteral("There is nobody to seat: every guest is locked."));
     const Report report = layOut(document, *options, !quiet);
     if (report.run.stoppedBy == KWLayoutResult::Memory)
         complain(QStringLiteral("Insufficient memory available to complete calculation."));

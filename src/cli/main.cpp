@@ -1,10 +1,13 @@
 #include "commands.h"
 #include "console.h"
 
+#include <QFile>
 #include <QGuiApplication>
 
 #include <algorithm>
 #include <array>
+#include <new>
+#include <optional>
 
 std::span<const Command> commands()
 {
@@ -35,7 +38,7 @@ QString helpText()
                            "\n"
                            "'ambrelune-cli COMMAND --help' tells more of each command.\n"
                            "Exit status: 0 success, 1 not a plan, 2 cannot be opened,\n"
-                           "4 cannot be written, 64 wrong usage.\n");
+                           "4 cannot be written, 64 wrong usage, 71 not enough memory.\n");
     return text;
 }
 
@@ -49,21 +52,26 @@ void useNoDisplay()
             complain(text);
     });
 }
-} // namespace
 
-int main(int argc, char *argv[])
+/// The command line as texts; nothing if one of them is no text in the user's encoding.
+std::optional<QStringList> argumentsOf(std::span<char *const> values)
 {
-    useNoDisplay();
-    const QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationVersion(QStringLiteral(AMBRELUNE_VERSION));
-    const QStringList arguments = QGuiApplication::arguments();
-    const QString first = arguments.value(1);
+    QStringList arguments;
+    for (const char *value : values) {
+        arguments.append(QFile::decodeName(value));
+        if (QFile::encodeName(arguments.constLast()) != value)
+            return std::nullopt;
+    }
+    return arguments;
+}
 
+int runCommand(const QStringList &arguments)
+{
+    const QString first = arguments.value(1);
     if (first == QLatin1StringView("--help") || first == QLatin1StringView("-h"))
         return printText(helpText());
     if (first == QLatin1StringView("--version") || first == QLatin1StringView("-v"))
-        return printText(
-            QStringLiteral("ambrelune-cli %1\n").arg(QGuiApplication::applicationVersion()));
+        return printText(QStringLiteral("ambrelune-cli " AMBRELUNE_VERSION "\n"));
     const auto command = std::ranges::find_if(commands(), [&](const Command &candidate) {
         return first == QLatin1StringView(candidate.name);
     });
@@ -74,4 +82,24 @@ int main(int argc, char *argv[])
                                               "--help'.")
                                    .arg(first));
     return ExitUsage;
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    useNoDisplay();
+    // The toolkit sees no arguments: its own options mean nothing here.
+    int toolkitArgc = 1;
+    const QGuiApplication application(toolkitArgc, argv);
+    const auto arguments = argumentsOf({argv, static_cast<std::size_t>(argc)});
+    if (!arguments) {
+        complain(QStringLiteral("A file name is not in the encoding of this system's names."));
+        return ExitUsage;
+    }
+    try {
+        return runCommand(*arguments);
+    } catch (const std::bad_alloc &) {
+        complain(QStringLiteral("There is not enough memory."));
+        return ExitNoMemory;
+    }
 }

@@ -44,9 +44,9 @@ QJsonValue toJson(const QColor &value)
     return QJsonArray{value.red(), value.green(), value.blue()};
 }
 
-QJsonObject settingsToJson(const KWDocument &document, const KWViewSettings &views)
+QJsonObject settingsToJson(const KWDocument &document, const KWViewSettings &views, int fileVersion)
 {
-    QJsonObject json{{QStringLiteral("version"), KWPlanText::version}};
+    QJsonObject json{{QStringLiteral("version"), fileVersion}};
     for (const KWPlanSetting &setting : planSettings()) {
         std::visit(
             [&](auto member) {
@@ -133,7 +133,7 @@ QJsonObject tableToJson(const KWDocument &document, const KWTable &table)
 }
 } // namespace
 
-QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views, bool versionDiffers)
+QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views, int fileVersion)
 {
     QJsonArray guests;
     for (const KWGuest *guest : document.guests())
@@ -151,8 +151,8 @@ QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views, 
                         {QStringLiteral("guest2"), document.indexOfGuest(pair.second)},
                         {QStringLiteral("value"), pair.value}});
     }
-    return {{QStringLiteral("version_differs"), versionDiffers},
-            {QStringLiteral("settings"), settingsToJson(document, views)},
+    return {{QStringLiteral("version_differs"), fileVersion != KWPlanText::version},
+            {QStringLiteral("settings"), settingsToJson(document, views, fileVersion)},
             {QStringLiteral("guests"), guests},
             {QStringLiteral("groups"), groups},
             {QStringLiteral("tables"), tables},

@@ -12,8 +12,7 @@ int saveCommand(const QStringList &arguments)
         return *status;
     KWDocument document;
     KWViewSettings views;
-    bool versionDiffers = false;
-    if (const int status = loadPlan(document, line.plan(), views, versionDiffers))
+    if (const int status = loadPlanToWrite(document, line.plan(), views))
         return status;
     return writeOutput(line.output(), document.toPlanText(views));
 }

@@ -8,15 +8,16 @@ constexpr int numberWidth = 9;
 
 QString nameOf(const KWGuest &guest)
 {
-    return guest.name().simplified();
+    return printable(guest.name());
 }
 
 QString tableText(const KWDocument &document, const KWTable &table)
 {
     QString text = QStringLiteral("%1: %2 of %3 seats taken, score %4\n")
-                       .arg(table.name().simplified(), QString::number(table.seatedCount()),
+                       .arg(printable(table.name()), QString::number(table.seatedCount()),
                             QString::number(table.seatCount()), QString::number(table.score()));
-    text += QStringLiteral("  seat    loves    likes dislikes    hates   gender    alone    total"
+    text += QStringLiteral("                    near not next not near\n"
+                           "  seat  next to       to       to       to   gender    alone    total"
                            "  guest\n");
     for (int seat = 0; seat < table.seatCount(); ++seat) {
         text += QString::number(seat + 1).rightJustified(6);
@@ -34,24 +35,37 @@ QString tableText(const KWDocument &document, const KWTable &table)
     return text + u'\n';
 }
 
+/// Why two guests who should sit together do not.
+QString apartText(const KWDocument &document, const KWDocument::Affinity &wish)
+{
+    const bool firstSeated = document.findGuest(wish.first);
+    const bool secondSeated = document.findGuest(wish.second);
+    if (!firstSeated && !secondSeated)
+        return QStringLiteral("neither has a seat");
+    if (!firstSeated || !secondSeated)
+        return nameOf(firstSeated ? *wish.second : *wish.first) + QStringLiteral(" has no seat");
+    return document.atSameTable(wish.first, wish.second)
+               ? QStringLiteral("they are at one table, not side by side")
+               : QStringLiteral("they are at different tables");
+}
+
 /// What is wrong with the seating for a wish, as a sentence; empty if it is met.
 QString complaintOf(const KWDocument &document, const KWDocument::Affinity &wish)
 {
-    const bool bothSeated = document.findGuest(wish.first) && document.findGuest(wish.second);
     const bool together = document.atSameTable(wish.first, wish.second);
     const bool neighbours = document.isNextTo(wish.first, wish.second);
-    const QString apart = !bothSeated ? QStringLiteral("they are not both seated")
-                          : together  ? QStringLiteral("they are at one table, not side by side")
-                                      : QStringLiteral("they are at different tables");
     const auto sentence = [&](const QString &wanted, const QString &found) {
         return QStringLiteral("  %1 %2 %3, but %4\n")
             .arg(nameOf(*wish.first), wanted, nameOf(*wish.second), found);
     };
     switch (wish.value) {
     case KWScore::Loves:
-        return neighbours ? QString() : sentence(QStringLiteral("should sit next to"), apart);
+        return neighbours
+                   ? QString()
+                   : sentence(QStringLiteral("should sit next to"), apartText(document, wish));
     case KWScore::Likes:
-        return together ? QString() : sentence(QStringLiteral("should sit near"), apart);
+        return together ? QString()
+                        : sentence(QStringLiteral("should sit near"), apartText(document, wish));
     case KWScore::Dislikes:
         return neighbours ? sentence(QStringLiteral("should not sit next to"),
                                      QStringLiteral("they sit side by side"))
@@ -78,7 +92,9 @@ QString unmetText(const KWDocument &document)
     int unmet = 0;
     const QList<KWDocument::Affinity> wishes = document.affinities();
     for (const KWDocument::Affinity &wish : wishes) {
-        const QString complaint = complaintOf(document, wish);
+        // A file may hold a wish of a guest about themself, which no seating can meet.
+        const QString complaint =
+            wish.first == wish.second ? QString() : complaintOf(document, wish);
         if (complaint.isEmpty())
             continue;
         ++unmet;

@@ -2,8 +2,10 @@
 #include "commands.h"
 #include "console.h"
 #include "kwdocument.h"
+#include "kwplanreader.h"
 #include "planjson.h"
 
+#include <QFile>
 #include <QJsonDocument>
 
 namespace {
@@ -16,7 +18,7 @@ QString counted(int count, const QString &one, const QString &many)
 QString fact(const QString &label, const QString &text)
 {
     return text.isEmpty() ? QString()
-                          : QStringLiteral("%1 %2\n").arg(label + u':', -9).arg(text.simplified());
+                          : QStringLiteral("%1 %2\n").arg(label + u':', -9).arg(printable(text));
 }
 
 QString wishes(const KWDocument &document)
@@ -34,7 +36,7 @@ QString tableLine(const KWTable &table)
     return QStringLiteral("  %1 of %2 seats taken, score %3: %4\n")
         .arg(QString::number(table.seatedCount()).rightJustified(3),
              QString::number(table.seatCount()).rightJustified(3),
-             QString::number(table.score()).rightJustified(5), table.name().simplified());
+             QString::number(table.score()).rightJustified(5), printable(table.name()));
 }
 
 QString summary(const KWDocument &document, bool versionDiffers)
@@ -44,22 +46,26 @@ QString summary(const KWDocument &document, bool versionDiffers)
     int acceptedAdults = 0;
     int acceptedChildren = 0;
     document.countGuests(&adults, &children, &acceptedAdults, &acceptedChildren);
-    const int cost =
-        document.fixedCost() + adults * document.adultCost() + children * document.childCost();
+    const qint64 cost = document.fixedCost() + qint64{adults} * document.adultCost() +
+                        qint64{children} * document.childCost();
 
     QString text = fact(QStringLiteral("Event"), document.event());
     text += fact(QStringLiteral("Venue"), document.venue());
     text += fact(QStringLiteral("Date"), document.date().toString(Qt::ISODate));
     text += fact(QStringLiteral("Notes"), document.notes());
     text += fact(QStringLiteral("Cost"),
-                 QStringLiteral("%1 (fixed %2, adult %3, child %4)")
+                 QStringLiteral("%1 for all guests (fixed %2, adult %3, child %4)")
                      .arg(QString::number(cost), QString::number(document.fixedCost()),
                           QString::number(document.adultCost()),
                           QString::number(document.childCost())));
-    text += fact(QStringLiteral("Room"), QStringLiteral("%1 x %2 m, a chair %3 m")
-                                             .arg(document.roomXSize())
-                                             .arg(document.roomYSize())
-                                             .arg(document.chairSize()));
+    const int units = document.units();
+    text +=
+        fact(QStringLiteral("Room"),
+             QStringLiteral("%1 x %2 %4, a chair %3 %4")
+                 .arg(QString::number(document.roomXSize(units), 'g', 4),
+                      QString::number(document.roomYSize(units), 'g', 4),
+                      QString::number(document.chairSize(units), 'g', 3),
+                      units == KWPlanFields::Feet ? QStringLiteral("ft") : QStringLiteral("m")));
     text += fact(QStringLiteral("Guests"),
                  QStringLiteral("%1 (%2, %3), %4 accepted, %5 seated")
                      .arg(QString::number(document.guestCount()),
@@ -83,6 +89,15 @@ QString summary(const KWDocument &document, bool versionDiffers)
         text += QStringLiteral("This plan was written by a different version of the program.\n");
     return text;
 }
+
+/// The version of a plan file that is known to be one.
+int versionOf(const QString &path)
+{
+    QFile file(path);
+    KWPlanReader reader;
+    return file.open(QIODevice::ReadOnly) && reader.read(file) ? reader.fileVersion()
+                                                               : KWPlanText::version;
+}
 } // namespace
 
 int showCommand(const QStringList &arguments)
@@ -99,6 +114,7 @@ int showCommand(const QStringList &arguments)
         return status;
     if (!line.isSet(QStringLiteral("json")))
         return printText(summary(document, versionDiffers));
+    const int fileVersion = versionDiffers ? versionOf(line.plan()) : KWPlanText::version;
     return writeOutput(QStringLiteral("-"),
-                       QJsonDocument(planToJson(document, views, versionDiffers)).toJson());
+                       QJsonDocument(planToJson(document, views, fileVersion)).toJson());
 }

@@ -122,6 +122,7 @@ private slots:
         QTest::newRow("negative seconds") << layout({u"--seconds=-1"_s});
         QTest::newRow("too many seconds") << layout({u"--seconds=2147483648"_s});
         QTest::newRow("words for generations") << layout({u"--unimproved"_s, u"1.5"_s});
+        QTest::newRow("the toolkit's options") << QStringList{u"show"_s, plan, u"-reverse"_s};
         QTest::newRow("seed too large") << layout({u"--seed"_s, u"4294967296"_s});
         QTest::newRow("two things to standard output")
             << QStringList{u"layout"_s, plan, u"-o"_s, u"-"_s, u"--json"_s};
@@ -200,6 +201,7 @@ private slots:
         const Outcome outcome = finish(process);
         QCOMPARE(outcome.status, 4);
         QVERIFY2(isComplaint(outcome.err), outcome.err);
+        QVERIFY2(outcome.err.contains("File too large"), outcome.err);
         QCOMPARE(contentOf(out()), QByteArray("the old plan"));
         QCOMPARE(QDir(m_folder.path()).entryList({u"out*"_s}), QStringList{u"out.kw"_s});
     }
@@ -234,6 +236,7 @@ private slots:
         QCOMPARE(plan[u"score"_s].toInt(), 44);
         const QJsonObject settings = plan[u"settings"_s].toObject();
         QCOMPARE(settings.size(), 79);
+        QCOMPARE(settings[u"version"_s].toInt(), 1);
         QCOMPARE(settings[u"event"_s].toString(), u"50%1 off"_s);
         QCOMPARE(settings[u"adult_cost"_s].toInt(), 30);
         QCOMPARE(settings[u"chair_size"_s].toDouble(), 0.6);
@@ -288,6 +291,58 @@ private slots:
         QVERIFY(made.out.contains("Wishes not met: 0 of 1\n"));
         QVERIFY(made.out.contains(
             "     2       20        0        0        0        2        0       22  Ann\n"));
+    }
+
+    void textsOfAPlanDoNotReachTheTerminalRaw()
+    {
+        const QString path = m_folder.filePath(u"raw.kw"_s);
+        write(path, "<!DOCTYPE ambrelune>\n<root><event value=\"a%1B[2J%E2%80%AEb\"/>"
+                    "<guest display_name=\"A%07nn%0A\"/><guest/>"
+                    "<affinity guest1=\"0\" guest2=\"1\" value=\"1\"/>"
+                    "<affinity guest1=\"0\" guest2=\"0\" value=\"0\"/></root>");
+        QVERIFY(run({u"show"_s, path}).out.startsWith("Event:    a[2Jb\n"));
+        const QByteArray score = run({u"score"_s, path}).out;
+        QVERIFY2(score.contains("Guests without a seat: 2\n  Ann\n  (no name)\n"), score);
+        QVERIFY2(score.contains("Wishes not met: 1 of 2\n"
+                                "  Ann should sit near (no name), but neither has a seat\n"),
+                 score);
+    }
+
+    void costsDoNotOverflow()
+    {
+        const QString path = m_folder.filePath(u"dear.kw"_s);
+        write(path, "<!DOCTYPE ambrelune>\n<root><fixed_cost value=\"2147483647\"/>"
+                    "<adult_cost value=\"2147483647\"/><guest/></root>");
+        QVERIFY(run({u"show"_s, path}).out.contains("Cost:     4294967294 for all guests"));
+    }
+
+    void aPlanOfAnotherVersionIsWrittenWithAWarning()
+    {
+        const Outcome outcome = run({u"save"_s, madePlan(), u"-o"_s, out()});
+        QCOMPARE(outcome.status, 0);
+        QVERIFY2(isComplaint(outcome.err), outcome.err);
+        QVERIFY(outcome.err.contains("different version"));
+    }
+
+    void whatIsBehindStandardOutputIsNotReplaced()
+    {
+        write(out(), "a log\n");
+        QProcess process;
+        process.setStandardOutputFile(out(), QIODevice::Append);
+        process.start(QStringLiteral(AMBRELUNE_CLI),
+                      {u"save"_s, example(u"small.kw"_s), u"-o"_s, u"/dev/stdout"_s});
+        QCOMPARE(finish(process).status, 0);
+        QCOMPARE(contentOf(out()), "a log\n" + contentOf(example(u"small.kw"_s)));
+    }
+
+    void aPlanWithNothingToLayOutIsSaid()
+    {
+        const QString path = m_folder.filePath(u"empty.kw"_s);
+        write(path, "<!DOCTYPE ambrelune>\n<root/>");
+        const Outcome outcome = run({u"layout"_s, path, u"-o"_s, out()});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.err,
+                 QByteArray("ambrelune-cli: There are no seats: add some tables first.\n"));
     }
 
     void layoutSeatsEverybody()

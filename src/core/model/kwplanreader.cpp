@@ -229,10 +229,10 @@ bool KWPlanReader::hasTooManySeats() const
     return seats > maxSeatsOfPlan;
 }
 
-bool KWPlanReader::versionDiffers() const
+int KWPlanReader::fileVersion() const
 {
     const auto found = m_settings.find("version");
-    return found != m_settings.end() && !found->second.isEmpty() && toInt(found->second) != version;
+    return found == m_settings.end() || found->second.isEmpty() ? version : toInt(found->second);
 }
 
 void KWPlanReader::build(KWDocument &document, KWViewSettings &views) const

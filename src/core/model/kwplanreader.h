@@ -26,8 +26,9 @@ public:
     bool read(QIODevice &device);
 
     int guestCount() const { return static_cast<int>(m_guests.size()); }
-    /// True if the file says that it has another version than this program writes.
-    bool versionDiffers() const;
+    /// The version that the file says it has; the one that this program writes if it says none.
+    int fileVersion() const;
+    bool versionDiffers() const { return fileVersion() != KWPlanText::version; }
 
     /// Fills an empty document, and the view settings. Reports progress for each element.
     void build(KWDocument &document, KWViewSettings &views) const;

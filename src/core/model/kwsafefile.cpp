@@ -4,6 +4,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cerrno>
+#include <cstring>
+
 namespace {
 /// Replacing a device or a pipe by a new file would destroy it, and replacing the file behind
 /// /dev/stdout would take it from whoever reads it.
@@ -38,15 +41,18 @@ bool KWSafeFile::open()
 
 bool KWSafeFile::commit(const QByteArray &content)
 {
-    // QSaveFile takes no notice of a write that fails only when the buffer is flushed.
-    const bool written = check(m_file->write(content) == content.size() && m_file->flush());
+    // QSaveFile takes no notice of a write that fails only when the buffer is flushed, and the
+    // toolkit has no words for one that fails in the middle.
+    errno = 0;
+    const bool written = m_file->write(content) == content.size() && m_file->flush();
+    if (!written)
+        m_error = QString::fromLocal8Bit(std::strerror(errno));
     if (auto *file = qobject_cast<QSaveFile *>(m_file.get())) {
-        if (!written) {
-            file->cancelWriting();
-            file->commit();
-            return false;
-        }
-        return check(file->commit());
+        if (written)
+            return check(file->commit());
+        file->cancelWriting();
+        file->commit();
+        return false;
     }
     m_file->close();
     return written && check(m_file->error() == QFileDevice::NoError);

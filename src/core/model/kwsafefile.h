@@ -22,7 +22,6 @@ public:
     QString errorString() const { return m_error; }
 
 private:
-    /// Keeps what the system says of a failure, which later steps would overwrite.
     bool check(bool ok);
 
     std::unique_ptr<QFileDevice> m_file;
