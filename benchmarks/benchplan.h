@@ -2,7 +2,7 @@
 
 class KWDocument;
 
-/// Fills an empty plan with so many guests, at round tables of ten and with a few seats to spare:
-/// in groups of three, each a couple and a child, every guest with a wish or two. Nobody is seated
-/// and every run gives the same plan.
+/// Fills an empty plan with so many guests and round tables of ten, with a few seats to spare. The
+/// guests come in groups of three, a couple and a child who wish to sit together; some have a wish
+/// for a guest of another group. Nobody is seated, and every call gives the same plan.
 void fillBenchPlan(KWDocument &plan, int guests);

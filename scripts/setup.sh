@@ -3,7 +3,7 @@
 install_missing() {
   local missing=() package
   for package in "$@"; do
-    dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' ||
+    dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^.i' ||
       missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return 0
@@ -29,6 +29,7 @@ test_packages=("${build_packages[@]}" clang-format)
 build_preset() {
   local log="build/$1.log"
   mkdir -p build
+  echo "Building: $1" >&2
   if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
     tail -n 60 "$log" >&2
     echo "The $1 build failed; all of its output is in $log." >&2
