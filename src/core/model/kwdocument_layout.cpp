@@ -8,6 +8,11 @@ namespace {
 constexpr int worstValue = -99999;
 /// Below anything that a waiting partner can be worth.
 constexpr int noPartner = -999;
+
+KWGuest *drawOne(const QList<KWGuest *> &guests)
+{
+    return guests.at(randomNumber(static_cast<int>(guests.size())));
+}
 } // namespace
 
 void KWDocument::randomLayout()
@@ -27,8 +32,8 @@ void KWDocument::randomLayout()
         for (int seat = 0; seat < table->seatCount() && placed < limit; ++seat) {
             if (seatHoldsLockedGuest(table, seat))
                 continue;
-            KWGuest *guest = first ? waiting.at(randomNumber(static_cast<int>(waiting.size())))
-                                   : bestGuestForSeat(table, seat, waiting, points);
+            KWGuest *guest =
+                first ? drawOne(waiting) : bestGuestForSeat(table, seat, waiting, points);
             first = false;
             assignGuest(guest, table, seat, false);
             waiting.removeOne(guest);
@@ -41,7 +46,7 @@ void KWDocument::randomLayout()
 KWGuest *KWDocument::randomUnseatedGuest() const
 {
     const QList<KWGuest *> waiting = unseatedUnlockedGuests();
-    return waiting.isEmpty() ? nullptr : waiting.at(randomNumber(static_cast<int>(waiting.size())));
+    return waiting.isEmpty() ? nullptr : drawOne(waiting);
 }
 
 KWGuest *KWDocument::bestGuestForSeat(const KWTable *table, int seat) const
@@ -58,7 +63,8 @@ KWGuest *KWDocument::bestGuestForSeat(const KWTable *table, int seat,
     // kept for another table.
     const bool lastSeat = seat == table->seatCount() - 1;
     const auto count = static_cast<int>(candidates.size());
-    KWGuest *bestGuest = nullptr;
+    // Whoever waits longest, should nobody come up to even the worst value.
+    KWGuest *bestGuest = candidates.value(0);
     int best = worstValue;
     addWishPoints(table, seat, +1, points);
     for (KWGuest *guest : candidates) {

@@ -129,6 +129,22 @@ class TestDocumentLayout : public QObject
     Q_OBJECT
 
 private slots:
+    void aGuestHatedBeyondMeasureStillGetsASeat()
+    {
+        constexpr int others = 1800;
+        KWDocument plan;
+        KWTable *table = addCustom(plan, "T", 1000, 1000, 0, 0);
+        const QList<KWGuest *> guests = addGuests(plan, others + 1);
+        KWGuest *hated = guests.first();
+        plan.setGuestVip(hated, true);
+        for (int i = 1; i <= others; ++i) {
+            plan.assignGuest(guests.at(i), table, i, false);
+            plan.setAffinity(hated, guests.at(i), KWScore::Hates, false);
+        }
+        QVERIFY(plan.seatContribution(table, others + 50, hated)[KWScore::TotalEntry] < -99999);
+        QCOMPARE(plan.bestGuestForSeat(table, others + 50), hated);
+    }
+
     void aRandomLayoutFillsSeatsByTheRules_data()
     {
         QTest::addColumn<QString>("drawing");
