@@ -7,9 +7,9 @@
 #include "kwrandom.h"
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMap>
 
 #include <cmath>
 #include <csignal>
@@ -155,7 +155,7 @@ QString toText(const Report &report, const QString &plan, const QString &output)
 /// The run's options from the command line; nothing after a complaint.
 std::optional<KWLayoutOptions> optionsOf(const CommandLine &line)
 {
-    static const QHash<QString, int> criteria{
+    static const QMap<QString, int> criteria{
         {QStringLiteral("time"), KWGeneticSolver::StopOnTime},
         {QStringLiteral("unimproved"), KWGeneticSolver::StopOnUnimproved},
         {QStringLiteral("either"), KWGeneticSolver::StopOnEither}};

@@ -7,6 +7,7 @@
 #include <memory>
 #include <memory_resource>
 #include <new>
+#include <sanitizer/asan_interface.h>
 #include <utility>
 
 /// Guests, groups or tables in list order; owns them.
@@ -81,6 +82,8 @@ public:
         m_items.removeAt(position);
         renumber(position);
         std::destroy_at(item);
+        // The memory stays with the list, so AddressSanitizer must be told that it is dead.
+        ASAN_POISON_MEMORY_REGION(item, sizeof(T));
     }
 
     /// Moves the object at one position to another, as positions stand after it is taken out.

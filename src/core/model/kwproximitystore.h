@@ -27,7 +27,7 @@ public:
         int first;
         int second;
     };
-
+    /// The same with the pair's value.
     struct Entry
     {
         int first;
