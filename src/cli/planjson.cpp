@@ -44,9 +44,9 @@ QJsonValue toJson(const QColor &value)
     return QJsonArray{value.red(), value.green(), value.blue()};
 }
 
-QJsonObject settingsToJson(const KWDocument &document, const KWViewSettings &views, int fileVersion)
+QJsonObject settingsToJson(const KWDocument &document, const KWViewSettings &views)
 {
-    QJsonObject json{{QStringLiteral("version"), fileVersion}};
+    QJsonObject json{{QStringLiteral("version"), document.fileVersion()}};
     for (const KWPlanSetting &setting : planSettings()) {
         std::visit(
             [&](auto member) {
@@ -133,7 +133,7 @@ QJsonObject tableToJson(const KWDocument &document, const KWTable &table)
 }
 } // namespace
 
-QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views, int fileVersion)
+QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views)
 {
     QJsonArray guests;
     for (const KWGuest *guest : document.guests())
@@ -151,14 +151,15 @@ QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views, 
                         {QStringLiteral("guest2"), document.indexOfGuest(pair.second)},
                         {QStringLiteral("value"), pair.value}});
     }
-    return {{QStringLiteral("version_differs"), fileVersion != KWPlanText::version},
-            {QStringLiteral("settings"), settingsToJson(document, views, fileVersion)},
-            {QStringLiteral("guests"), guests},
-            {QStringLiteral("groups"), groups},
-            {QStringLiteral("tables"), tables},
-            {QStringLiteral("affinities"), affinities},
-            {QStringLiteral("guest_count"), document.guestCount()},
-            {QStringLiteral("seat_count"), document.seatCount()},
-            {QStringLiteral("seated_count"), document.seatedGuestCount()},
-            {QStringLiteral("score"), document.totalScore()}};
+    return {
+        {QStringLiteral("version_differs"), document.fileVersion() != KWPlanFields::fileVersion},
+        {QStringLiteral("settings"), settingsToJson(document, views)},
+        {QStringLiteral("guests"), guests},
+        {QStringLiteral("groups"), groups},
+        {QStringLiteral("tables"), tables},
+        {QStringLiteral("affinities"), affinities},
+        {QStringLiteral("guest_count"), document.guestCount()},
+        {QStringLiteral("seat_count"), document.seatCount()},
+        {QStringLiteral("seated_count"), document.seatedGuestCount()},
+        {QStringLiteral("score"), document.totalScore()}};
 }

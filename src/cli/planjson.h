@@ -6,5 +6,5 @@ class KWDocument;
 struct KWViewSettings;
 
 /// The whole plan as JSON, its settings, guests, groups, tables, wishes and scores. Guests, groups
-/// and tables stand for each other by list position from 0. `fileVersion` is the plan file's.
-QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views, int fileVersion);
+/// and tables stand for each other by list position from 0.
+QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views);

@@ -2,10 +2,8 @@
 #include "commands.h"
 #include "console.h"
 #include "kwdocument.h"
-#include "kwplanreader.h"
 #include "planjson.h"
 
-#include <QFile>
 #include <QJsonDocument>
 
 namespace {
@@ -17,8 +15,9 @@ QString counted(int count, const QString &one, const QString &many)
 /// A line under a heading of its own, or nothing for an empty text.
 QString fact(const QString &label, const QString &text)
 {
-    return text.isEmpty() ? QString()
-                          : QStringLiteral("%1 %2\n").arg(label + u':', -9).arg(printable(text));
+    return text.trimmed().isEmpty()
+               ? QString()
+               : QStringLiteral("%1 %2\n").arg(label + u':', -9).arg(printable(text));
 }
 
 QString wishes(const KWDocument &document)
@@ -89,15 +88,6 @@ QString summary(const KWDocument &document, bool versionDiffers)
         text += QStringLiteral("This plan was written by a different version of the program.\n");
     return text;
 }
-
-/// The version of a plan file that is known to be one.
-int versionOf(const QString &path)
-{
-    QFile file(path);
-    KWPlanReader reader;
-    return file.open(QIODevice::ReadOnly) && reader.read(file) ? reader.fileVersion()
-                                                               : KWPlanText::version;
-}
 } // namespace
 
 int showCommand(const QStringList &arguments)
@@ -114,7 +104,5 @@ int showCommand(const QStringList &arguments)
         return status;
     if (!line.isSet(QStringLiteral("json")))
         return printText(summary(document, versionDiffers));
-    const int fileVersion = versionDiffers ? versionOf(line.plan()) : KWPlanText::version;
-    return writeOutput(QStringLiteral("-"),
-                       QJsonDocument(planToJson(document, views, fileVersion)).toJson());
+    return writeOutput(QStringLiteral("-"), QJsonDocument(planToJson(document, views)).toJson());
 }

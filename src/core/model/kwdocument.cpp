@@ -51,6 +51,7 @@ KWDocument::KWDocument(const KWDocument &other)
     , m_guestOfWishId(other.m_guestOfWishId.size(), nullptr)
     , m_fields(other.m_fields)
     , m_file_name(other.m_file_name)
+    , m_file_version(other.m_file_version)
     , m_history(other.m_history)
     // Taking over wishes is a change like any other.
     , m_modified(other.m_modified || other.affinityCount() > 0)
@@ -73,6 +74,7 @@ KWDocument &KWDocument::operator=(const KWDocument &other)
         m_guestOfWishId.swap(copy.m_guestOfWishId);
         std::swap(m_fields, copy.m_fields);
         m_file_name = copy.m_file_name;
+        m_file_version = copy.m_file_version;
         m_history = copy.m_history;
         m_modified = copy.m_modified;
     }
@@ -125,6 +127,7 @@ void KWDocument::clear()
     emit eventClear();
     emit eventDocumentNameChange(QString());
     m_file_name = QString();
+    m_file_version = KWPlanFields::fileVersion;
     m_tables.clear();
     m_guests.clear();
     m_groups.clear();

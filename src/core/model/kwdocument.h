@@ -63,6 +63,8 @@ public:
     /// The path of the plan on disk with native separators; null for a plan without a file.
     QString fileName() const { return m_file_name; }
     void setFileName(const QString &path) { m_file_name = path; }
+    /// The version of the plan file that was loaded; the one that save() writes for a new plan.
+    int fileVersion() const { return m_file_version; }
     QString history() const { return m_history; }
     void setHistory(const QString &history) { m_history = history; }
     /// Appends "->" and the text to the history.
@@ -414,6 +416,7 @@ private:
     QList<KWGuest *> m_guestOfWishId;
     KWPlanFields m_fields;
     QString m_file_name;
+    int m_file_version = KWPlanFields::fileVersion;
     QString m_history = QStringLiteral("0");
     bool m_modified = false;
     bool m_abort_requested = false;

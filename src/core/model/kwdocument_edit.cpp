@@ -12,10 +12,12 @@ KWGuest *KWDocument::addGuest(const QString &displayName, const QString &title,
                               const QString &meal, int gender, int age, bool locked,
                               const QString &notes, bool vip, bool accepted, KWGroup *group)
 {
+    const auto wishId = m_guestOfWishId.size();
+    m_guestOfWishId.append(nullptr);
     KWGuest *guest = m_guests.append(displayName, title, firstName, lastName, meal, gender, age,
                                      locked, notes, vip, accepted);
-    guest->m_wishId = static_cast<int>(m_guestOfWishId.size());
-    m_guestOfWishId.append(guest);
+    guest->m_wishId = static_cast<int>(wishId);
+    m_guestOfWishId[wishId] = guest;
     if (m_groups.contains(group)) {
         group->appendGuest(guest);
         guest->setGroup(group);
@@ -65,8 +67,13 @@ void KWDocument::deleteGroup(KWGroup *group, bool rescore)
     if (!m_groups.contains(group))
         return;
     emit eventBeforeDeleteGroup(group);
-    for (KWGuest *guest : group->guests())
-        deleteGuest(guest, rescore);
+    // Whoever listens may delete or move members in between.
+    while (KWGuest *guest = group->guestAt(0)) {
+        if (m_guests.contains(guest))
+            deleteGuest(guest, rescore);
+        else
+            group->removeGuest(guest);
+    }
     m_groups.remove(group);
     m_modified = true;
     emit eventAfterDeleteGroup();

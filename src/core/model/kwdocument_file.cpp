@@ -42,14 +42,20 @@ int KWDocument::load(const QString &path, KWViewSettings &viewSettings, bool &ve
     if (!reader.read(file))
         return FileNotAPlan;
 
+    m_file_version = reader.fileVersion();
     versionDiffers = reader.versionDiffers();
     emit loadingGuests(reader.guestCount());
     {
         const EventBlock block(*this);
-        reader.build(*this, viewSettings);
-        file.close();
-        m_modified = false;
-        recalculateScores();
+        try {
+            reader.build(*this, viewSettings);
+            file.close();
+            m_modified = false;
+            recalculateScores();
+        } catch (...) {
+            clear();
+            throw;
+        }
     }
     emit eventDocumentNameChange(m_file_name);
     emit eventModified();

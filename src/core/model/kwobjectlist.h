@@ -7,8 +7,13 @@
 #include <memory>
 #include <memory_resource>
 #include <new>
-#include <sanitizer/asan_interface.h>
 #include <utility>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/asan_interface.h>
+#else
+#define ASAN_POISON_MEMORY_REGION(address, size)
+#endif
 
 /// Guests, groups or tables in list order; owns them.
 ///

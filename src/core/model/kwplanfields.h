@@ -11,6 +11,8 @@ struct KWPlanFields
 {
     enum Units { Metres, Feet };
 
+    /// The version of the plan files that this program writes.
+    static constexpr int fileVersion = 2;
     static constexpr double defaultRoomSize = 20.0;
     /// Plan files hold sizes in single precision, and so does this.
     static constexpr double defaultChairSize = static_cast<double>(0.6F);

@@ -7,15 +7,18 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <exception>
 #include <expat.h>
 #include <memory>
+#include <new>
 #include <type_traits>
 
 using namespace KWPlanText;
 
 namespace {
-/// Far beyond any room; a file that asks for more would only exhaust the memory.
-constexpr qint64 maxSeatsOfPlan = 1'000'000;
+/// Far beyond any room. Side counts can ask for seats without naming them one by one, and a short
+/// file for more than the memory holds.
+constexpr qint64 maxCountedSeats = 1'000'000;
 /// A plan's elements stand three deep. Deeper nesting than this is an attack on the stack.
 constexpr int maxDepth = 1000;
 
@@ -86,12 +89,17 @@ auto itemsOf(const QString &assigned)
     return QStringView(assigned).tokenize(u',', Qt::SkipEmptyParts);
 }
 
+bool hasSides(int shape)
+{
+    return shape == KWTable::Rectangular || shape == KWTable::Custom;
+}
+
 /// The seats that a table element asks for.
 template <typename Record>
 int seatCountOf(const Record &record)
 {
     const int shape = toInt(record[Shape]);
-    if (shape == KWTable::Rectangular || shape == KWTable::Custom)
+    if (hasSides(shape))
         return KWTable::seatCountFor(shape, toInt(record[SeatsAcross]), toInt(record[SeatsDown]),
                                      toInt(record[SeatsAcross2]), toInt(record[SeatsDown2]));
     int items = 0;
@@ -135,14 +143,20 @@ void assign(QColor &setting, const QString &text)
 } // namespace
 
 /// Hands the elements of an XML text to a plan reader, and stops where the text cannot be a plan.
+///
+/// No exception may pass through the parser, which is not made for it.
 class KWPlanReader::Parser
 {
 public:
     explicit Parser(KWPlanReader &reader)
         : m_reader(reader)
     {
+        if (!m_parser)
+            throw std::bad_alloc();
         XML_SetUserData(m_parser.get(), this);
         XML_SetStartDoctypeDeclHandler(m_parser.get(), startDocumentType);
+        XML_SetEntityDeclHandler(m_parser.get(), declareEntity);
+        XML_SetAttlistDeclHandler(m_parser.get(), declareAttribute);
         XML_SetElementHandler(m_parser.get(), startElement, endElement);
     }
 
@@ -152,8 +166,13 @@ public:
         qint64 blockSize = firstBlockSize;
         for (;; blockSize = std::min(2 * blockSize, largestBlockSize)) {
             const QByteArray block = device.read(blockSize);
-            if (XML_Parse(m_parser.get(), block.constData(), static_cast<int>(block.size()),
-                          block.isEmpty()) != XML_STATUS_OK)
+            const auto status = XML_Parse(m_parser.get(), block.constData(),
+                                          static_cast<int>(block.size()), block.isEmpty());
+            if (m_failure)
+                std::rethrow_exception(m_failure);
+            if (XML_GetErrorCode(m_parser.get()) == XML_ERROR_NO_MEMORY)
+                throw std::bad_alloc();
+            if (status != XML_STATUS_OK)
                 return false;
             if (block.isEmpty())
                 return m_hasDocumentType;
@@ -164,38 +183,57 @@ private:
     static constexpr qint64 firstBlockSize = 64 * 1024;
     static constexpr qint64 largestBlockSize = 512 * 1024 * 1024;
 
-    void stop() { XML_StopParser(m_parser.get(), XML_FALSE); }
+    static Parser &parserOf(void *user) { return *static_cast<Parser *>(user); }
+    void stop() noexcept { XML_StopParser(m_parser.get(), XML_FALSE); }
 
     static void startDocumentType(void *user, const char *name, const char * /*systemId*/,
-                                  const char * /*publicId*/, int hasInternalSubset)
+                                  const char * /*publicId*/, int /*hasInternalSubset*/) noexcept
     {
-        auto *self = static_cast<Parser *>(user);
-        // A plan declares nothing. Declared entities and attributes serve only to make a file
-        // larger than it is.
-        self->m_hasDocumentType = QLatin1StringView(name) == documentType && !hasInternalSubset;
-        if (!self->m_hasDocumentType)
-            self->stop();
+        parserOf(user).m_hasDocumentType = QLatin1StringView(name) == documentType;
+        if (!parserOf(user).m_hasDocumentType)
+            parserOf(user).stop();
     }
 
-    static void startElement(void *user, const char *name, const char **attributes)
+    // A plan declares nothing. Declared entities and attributes serve only to make a file larger
+    // than it is.
+    static void declareEntity(void *user, const char * /*name*/, int /*isParameterEntity*/,
+                              const char * /*value*/, int /*valueLength*/, const char * /*base*/,
+                              const char * /*systemId*/, const char * /*publicId*/,
+                              const char * /*notation*/) noexcept
     {
-        auto *self = static_cast<Parser *>(user);
-        if (!self->m_hasDocumentType || ++self->m_depth > maxDepth)
-            self->stop();
-        else
-            self->m_reader.readElement(name, attributes);
+        parserOf(user).stop();
     }
 
-    static void endElement(void *user, const char * /*name*/)
+    static void declareAttribute(void *user, const char * /*element*/, const char * /*attribute*/,
+                                 const char * /*type*/, const char * /*defaultValue*/,
+                                 int /*isRequired*/) noexcept
     {
-        --static_cast<Parser *>(user)->m_depth;
+        parserOf(user).stop();
     }
+
+    static void startElement(void *user, const char *name, const char **attributes) noexcept
+    {
+        Parser &self = parserOf(user);
+        if (!self.m_hasDocumentType || ++self.m_depth > maxDepth) {
+            self.stop();
+            return;
+        }
+        try {
+            self.m_reader.readElement(name, attributes);
+        } catch (...) {
+            self.m_failure = std::current_exception();
+            self.stop();
+        }
+    }
+
+    static void endElement(void *user, const char * /*name*/) noexcept { --parserOf(user).m_depth; }
 
     KWPlanReader &m_reader;
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser{XML_ParserCreate(nullptr),
                                                                           &XML_ParserFree};
     bool m_hasDocumentType = false;
     int m_depth = 0;
+    std::exception_ptr m_failure;
 };
 
 bool KWPlanReader::read(QIODevice &device)
@@ -224,15 +262,18 @@ void KWPlanReader::readElement(const char *name, const char *const *attributes)
 bool KWPlanReader::hasTooManySeats() const
 {
     qint64 seats = 0;
-    for (const TableRecord &record : m_tables)
-        seats += seatCountOf(record);
-    return seats > maxSeatsOfPlan;
+    for (const TableRecord &record : m_tables) {
+        if (hasSides(toInt(record[Shape])))
+            seats += seatCountOf(record);
+    }
+    return seats > maxCountedSeats;
 }
 
 int KWPlanReader::fileVersion() const
 {
     const auto found = m_settings.find("version");
-    return found == m_settings.end() || found->second.isEmpty() ? version : toInt(found->second);
+    return found == m_settings.end() || found->second.isEmpty() ? KWPlanFields::fileVersion
+                                                                : toInt(found->second);
 }
 
 void KWPlanReader::build(KWDocument &document, KWViewSettings &views) const
@@ -317,7 +358,7 @@ void KWPlanReader::buildTable(KWDocument &document, const TableRecord &record)
     const int shape = toInt(record[Shape]);
     if (shape < 0 || shape >= KWTable::ShapeCount)
         return;
-    const bool sided = shape == KWTable::Rectangular || shape == KWTable::Custom;
+    const bool sided = hasSides(shape);
     KWTable *table = document.addTable(
         shape, record[TableName], sided ? toInt(record[SeatsAcross]) : seatCountOf(record),
         toInt(record[SeatsDown]), toInt(record[SeatsAcross2]), toInt(record[SeatsDown2]),

@@ -17,8 +17,8 @@ class QIODevice;
 /// changes nothing, then the records into a document.
 ///
 /// Elements count wherever they stand. What a plan cannot hold is dropped without a word; only a
-/// text that is no XML, has another document type or declarations of its own, nests far deeper
-/// than plans do, or asks for more seats than any room holds is refused.
+/// text that is no XML, has another document type, declares entities or attributes, nests far
+/// deeper than plans do, or asks for more seats than any room holds is refused.
 class KWPlanReader
 {
 public:
@@ -28,7 +28,7 @@ public:
     int guestCount() const { return static_cast<int>(m_guests.size()); }
     /// The version that the file says it has; the one that this program writes if it says none.
     int fileVersion() const;
-    bool versionDiffers() const { return fileVersion() != KWPlanText::version; }
+    bool versionDiffers() const { return fileVersion() != KWPlanFields::fileVersion; }
 
     /// Fills an empty document, and the view settings. Reports progress for each element.
     void build(KWDocument &document, KWViewSettings &views) const;

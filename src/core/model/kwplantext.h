@@ -11,7 +11,6 @@
 /// How values stand in a plan file, and the names of its elements and attributes.
 namespace KWPlanText {
 
-constexpr int version = 2;
 constexpr QLatin1StringView documentType{"ambrelune"};
 
 inline constexpr std::array guestAttributes{
@@ -62,7 +61,8 @@ bool toBool(const QString &text);
 double toSize(const QString &text, double fallback);
 /// Today if the text is no date.
 QDate toDate(const QString &text);
-/// Both the ten fields and the toolkit's present form are read; anything else is a default font.
+/// Ten fields, the toolkit's present 11 to 17, or just a family with or without a point size;
+/// anything else is a default font.
 QFont toFont(const QString &text);
 /// White unless there are three parts; each is brought into 0..255.
 QColor toColour(const QString &text);

@@ -85,7 +85,7 @@ private:
 
     void writeSettings()
     {
-        writeSetting(QLatin1StringView("version"), fromInt(version));
+        writeSetting(QLatin1StringView("version"), fromInt(KWPlanFields::fileVersion));
         const KWPlanFields &fields = m_document.fields();
         for (const KWPlanSetting &setting : planSettings()) {
             if (setting.target == KWPlanSetting::Target(&KWPlanFields::floorplan_colour_selected) &&

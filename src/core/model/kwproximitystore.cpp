@@ -39,9 +39,15 @@ bool KWProximityStore::set(int a, int b, int value)
         --m_data->size;
         return true;
     }
+    const auto mirror = entries.try_emplace({b, a}).first;
+    try {
+        mirror->second = Stored{value, false};
+        entries.insert_or_assign({a, b}, Stored{value, true});
+    } catch (...) {
+        entries.erase(mirror);
+        throw;
+    }
     m_data->size += isStored ? 0 : 1;
-    entries.insert_or_assign({b, a}, Stored{value, false});
-    entries.insert_or_assign({a, b}, Stored{value, true});
     return true;
 }
 

@@ -46,7 +46,7 @@ bool KWSafeFile::commit(const QByteArray &content)
     errno = 0;
     const bool written = m_file->write(content) == content.size() && m_file->flush();
     if (!written)
-        m_error = QString::fromLocal8Bit(std::strerror(errno));
+        m_error = errno ? QString::fromLocal8Bit(std::strerror(errno)) : m_file->errorString();
     if (auto *file = qobject_cast<QSaveFile *>(m_file.get())) {
         if (written)
             return check(file->commit());

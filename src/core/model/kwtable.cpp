@@ -140,6 +140,7 @@ bool KWTable::compactSeats(int count)
     const auto seated = [](const KWGuest *guest) { return guest != nullptr; };
     if (target >= seatCount() || std::none_of(m_seats.begin() + target, m_seats.end(), seated))
         return false;
+    // Whoever must move anyway had better not end beside an empty seat, so all gaps close.
     std::stable_partition(m_seats.begin(), m_seats.end(), seated);
     placeGuests();
     return true;

@@ -18,6 +18,21 @@ class TestEditGroups : public QObject
     Q_OBJECT
 
 private slots:
+    void aListenerMayChangeTheGroupThatIsBeingDeleted()
+    {
+        EditedPlan p;
+        const QMetaObject::Connection deletes =
+            connect(&p.plan, &KWDocument::eventAfterDeleteGuest, this, [&p] {
+                disconnect(&p.plan, &KWDocument::eventAfterDeleteGuest, nullptr, nullptr);
+                p.plan.deleteGuest(p.bob, false);
+                p.plan.moveGuestToGroup(p.smiths, p.dan);
+            });
+        QVERIFY(deletes);
+        p.plan.deleteGroup(p.smiths, false);
+        QCOMPARE(p.plan.guestCount(), 0);
+        QCOMPARE(p.plan.groups(), QList<KWGroup *>{p.joneses});
+    }
+
     void addingAGroupStoresAllAndReports()
     {
         EditedPlan party;
