@@ -65,7 +65,6 @@ int printText(const QString &text)
 
 int writeOutput(const QString &path, const QByteArray &content)
 {
-    QString reason;
     if (path == QLatin1StringView("-")) {
         QFile out;
         if (out.open(stdout, QIODevice::WriteOnly) && out.write(content) == content.size() &&
