@@ -33,24 +33,28 @@ if(AMBRELUNE_SANITIZE)
   target_link_options(ambrelune_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# ambrelune_library(NAME FOLDER LINK... ): the static library of one folder under src/, of all
-# the sources in it, with the folder as its include directory.
+# ambrelune_library(NAME [WIDGETS] LINK...): the static library of one folder under src/, of all
+# the sources in it, with the folder as its include directory. WIDGETS: most of them use widgets.
 function(ambrelune_library name)
-  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS" "" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ambrelune_options)
   target_precompile_headers(${name} PRIVATE <QColor> <QFont> <QHash> <QList> <QMap> <QObject>
                             <QString> <QStringList> <algorithm> <array> <memory> <vector>)
+  if(ARG_WIDGETS)
+    target_precompile_headers(${name} PRIVATE <QtWidgets>)
+  endif()
 endfunction()
 
-# ambrelune_test(NAME SOURCES... LINK...): a Qt Test program that ctest runs without a display.
-function(ambrelune_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+# ambrelune_test(NAME SUPPORT SOURCES...): a Qt Test program that ctest runs without a display.
+# SUPPORT is the library whose helpers and precompiled header it uses.
+function(ambrelune_test name support)
+  cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_LINK} ambrelune_test_support ambrelune_options)
-  target_precompile_headers(${name} REUSE_FROM ambrelune_test_support)
+  target_link_libraries(${name} PRIVATE ${support} ambrelune_options)
+  target_precompile_headers(${name} REUSE_FROM ${support})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
 endfunction()

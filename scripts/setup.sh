@@ -22,7 +22,8 @@ install_missing() {
       apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev libexpat1-dev)
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libexpat1-dev libchm-dev
+  fp-utils)
 test_packages=("${build_packages[@]}" clang-format)
 
 # build_preset PRESET: configures and builds it. Shows the build's output only if it fails.

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QString>
+
+class KWDocument;
+class KWUserSettings;
+class KWView;
+class QPrinter;
+class QWidget;
+
+/// What panes and dialogs need from the main window. mainWin() gives the one there is.
+class KWMainWindow
+{
+public:
+    virtual ~KWMainWindow();
+    KWMainWindow(const KWMainWindow &) = delete;
+    KWMainWindow &operator=(const KWMainWindow &) = delete;
+
+    /// The caption of every message box.
+    static QString productName();
+    static int majorVersion();
+    static int minorVersion();
+    static int patchVersion();
+    /// "1.2.14"
+    static QString versionText();
+
+    /// The window itself, as the parent of dialogs.
+    virtual QWidget *widget() = 0;
+    /// The live plan.
+    virtual KWDocument *document() = 0;
+    virtual KWUserSettings *userSettings() = 0;
+    /// The only printer of the program; it keeps the user's choices.
+    virtual QPrinter *printer() = 0;
+
+    /// The undo point: called once before each change that the user can undo, with the translated
+    /// words for the menu. Ends the possibility of a redo.
+    virtual void saveUndoState(const QString &label) = 0;
+
+    /// `view` receives the commands of the Edit menu from now on; null for none. Every view calls
+    /// this when it is clicked or gets the keyboard focus.
+    virtual void setActiveView(KWView *view) = 0;
+    /// To be called when what the active view can do may have changed.
+    virtual void updateActionsOnViewChange() = 0;
+    virtual void updatePrintAction() = 0;
+    virtual void updateCopyAction() = 0;
+
+    /// Shows a short text on the status bar for two seconds.
+    virtual void showStatusMessage(const QString &text) = 0;
+    /// How far long work has come, on the status bar; 100 ends it.
+    virtual void setProgress(int percent) = 0;
+
+protected:
+    /// Makes this the window that mainWin() gives; the destructor takes it back.
+    KWMainWindow();
+};
+
+/// The main window, or null when there is none.
+KWMainWindow *mainWin();

@@ -1,0 +1,84 @@
+#include "kwprompts.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+
+namespace {
+KWPrompts *replacedPrompts = nullptr;
+} // namespace
+
+int KWPrompts::showMessage(QWidget *parent, const KWMessage &message)
+{
+    QMessageBox box(message.icon == KWMessage::Warning ? QMessageBox::Warning
+                                                       : QMessageBox::Critical,
+                    message.caption, message.text, QMessageBox::NoButton, parent);
+    // A path in the text may hold what looks like markup.
+    box.setTextFormat(Qt::PlainText);
+    QList<QAbstractButton *> buttons;
+    for (const QString &text : message.buttons) {
+        // Buttons of this role keep their order under every desktop's conventions.
+        buttons.append(box.addButton(text, QMessageBox::ActionRole));
+    }
+    box.setDefaultButton(qobject_cast<QPushButton *>(buttons.value(message.defaultButton)));
+    box.exec();
+    return static_cast<int>(buttons.indexOf(box.clickedButton()));
+}
+
+KWFileAnswer KWPrompts::askFile(QWidget *parent, const KWFileQuestion &question)
+{
+    QFileDialog dialog(parent, question.caption);
+    dialog.setObjectName(question.name);
+    dialog.setNameFilters(question.filters.split(QStringLiteral(";;")));
+    if (question.mode == KWFileQuestion::Open) {
+        dialog.setFileMode(QFileDialog::ExistingFile);
+    } else {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    }
+    const QFileInfo start(question.startPath);
+    if (start.isDir()) {
+        dialog.setDirectory(question.startPath);
+    } else {
+        dialog.setDirectory(start.path());
+        dialog.selectFile(start.fileName());
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return {dialog.selectedFiles().value(0), dialog.selectedNameFilter()};
+}
+
+std::optional<QFont> KWPrompts::askFont(QWidget *parent, const QFont &start)
+{
+    bool chosen = false;
+    const QFont font = QFontDialog::getFont(&chosen, start, parent);
+    return chosen ? std::optional(font) : std::nullopt;
+}
+
+std::optional<QColor> KWPrompts::askColour(QWidget *parent, const QColor &start)
+{
+    const QColor colour = QColorDialog::getColor(start, parent);
+    return colour.isValid() ? std::optional(colour) : std::nullopt;
+}
+
+bool KWPrompts::askPrinter(QWidget *parent, QPrinter &printer)
+{
+    return QPrintDialog(&printer, parent).exec() == QDialog::Accepted;
+}
+
+KWPrompts &prompts()
+{
+    static KWPrompts realPrompts;
+    return replacedPrompts ? *replacedPrompts : realPrompts;
+}
+
+void setPrompts(KWPrompts *replacement)
+{
+    replacedPrompts = replacement;
+}
