@@ -39,6 +39,7 @@ public:
     /// `view` receives the commands of the Edit menu from now on; null for none. Every view calls
     /// this when it is clicked or gets the keyboard focus.
     virtual void setActiveView(KWView *view) = 0;
+    virtual KWView *activeView() const = 0;
     /// To be called when what the active view can do may have changed.
     virtual void updateActionsOnViewChange() = 0;
     virtual void updatePrintAction() = 0;
