@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+/// The directory of what is shipped beside the program, such as its web pages and its help;
+/// absolute and without a slash at its end. Found from where the program stands, so the whole tree
+/// can be moved.
+QString dataDirectory();
