@@ -1,5 +1,9 @@
 #include "kwmodelhooks.h"
 
+#include <array>
+#include <cstdarg>
+#include <cstdio>
+
 KWModelHooks &modelHooks()
 {
     static KWModelHooks hooks;
@@ -22,4 +26,16 @@ void traceLine(const QString &text, int number)
 {
     if (const auto &sink = modelHooks().trace)
         sink(text + QString::number(number));
+}
+
+void traceFormatted(const char *format, ...) // NOLINT(modernize-avoid-variadic-functions)
+{
+    std::array<char, 512> buffer;
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(buffer.data(), buffer.size(), format, arguments);
+    va_end(arguments);
+    const bool fits = length >= 0 && static_cast<std::size_t>(length) < buffer.size();
+    traceLine(fits ? QString::fromUtf8(buffer.data())
+                   : QStringLiteral("*** trace buffer overflow ***"));
 }

@@ -28,3 +28,5 @@ KWModelHooks &modelHooks();
 void traceLine(const QString &text);
 void traceLine(const QString &text, const QString &more);
 void traceLine(const QString &text, int number);
+/// The same in the manner of printf, for at most 511 bytes; a longer line is replaced by a note.
+[[gnu::format(printf, 1, 2)]] void traceFormatted(const char *format, ...);
