@@ -1,17 +1,23 @@
 #include "kwmessages.h"
 
 #include "kwbusy.h"
+#include "kwconfigurablewarningdlgimpl.h"
 #include "kwmainwindow.h"
 #include "kwprompts.h"
+#include "kwusersettings.h"
 
 namespace {
+QWidget *parentOfBoxes()
+{
+    KWMainWindow *window = mainWin();
+    return window ? window->widget() : nullptr;
+}
 
 int messageBox(KWMessage::Icon icon, const QString &text, QStringList buttons)
 {
     buttons.removeAll(QString());
     const KWArrowCursor arrow;
-    KWMainWindow *window = mainWin();
-    return prompts().showMessage(window ? window->widget() : nullptr,
+    return prompts().showMessage(parentOfBoxes(),
                                  {icon, KWMainWindow::productName(), text, buttons, 0});
 }
 } // namespace
@@ -26,4 +32,15 @@ int errorBox(const QString &text, const QString &button0, const QString &button1
              const QString &button2)
 {
     return messageBox(KWMessage::Critical, text, {button0, button1, button2});
+}
+
+int configurableWarning(KWUserSettings *settings, const QString &key, const QString &text)
+{
+    if (!settings->warning(key))
+        return 0;
+    const KWArrowCursor arrow;
+    KWConfigurableWarningDlgImpl dialog(parentOfBoxes(), text);
+    const int button = dialog.exec();
+    settings->setWarning(key, dialog.showWarning());
+    return button;
 }

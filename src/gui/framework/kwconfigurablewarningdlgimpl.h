@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ui_kwconfigurablewarningdlg.h"
+
+#include <QDialog>
+#include <QStringList>
+
+/// A warning that the user can switch off. exec() gives the index of the button pressed, from 0;
+/// Esc and the close box count as the last button, never as the first one, which goes on.
+class KWConfigurableWarningDlgImpl : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `buttons` are the texts of up to three buttons; the first two keep their "&Yes" and "&No"
+    /// where it has none for them.
+    KWConfigurableWarningDlgImpl(QWidget *parent, const QString &message,
+                                 const QStringList &buttons = {}, bool showWarning = true);
+
+    /// Whether the user wants to see the warning again.
+    bool showWarning() const;
+
+public slots:
+    void button1Pressed();
+    void button2Pressed();
+    void button3Pressed();
+    void reject() override;
+
+private:
+    void setMessage(const QString &message);
+    void setButtons(const QStringList &texts);
+
+    Ui::KWConfigurableWarningDlg m_ui;
+};
