@@ -28,7 +28,7 @@ void traceLine(const QString &text, int number)
         sink(text + QString::number(number));
 }
 
-void traceFormatted(const char *format, ...) // NOLINT(modernize-avoid-variadic-functions)
+void traceFormatted(const char *format, ...)
 {
     std::array<char, 512> buffer;
     va_list arguments;

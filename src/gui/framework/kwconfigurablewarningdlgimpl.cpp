@@ -2,6 +2,7 @@
 
 #include "kwmainwindow.h"
 #include "kwwhatsthishelper.h"
+#include "ui_kwconfigurablewarningdlg.h"
 
 #include <QStyle>
 
@@ -9,29 +10,32 @@ KWConfigurableWarningDlgImpl::KWConfigurableWarningDlgImpl(QWidget *parent, cons
                                                            const QStringList &buttons,
                                                            bool showWarning)
     : QDialog(parent)
+    , m_ui(std::make_unique<Ui::KWConfigurableWarningDlg>())
 {
-    m_ui.setupUi(this);
+    m_ui->setupUi(this);
     setWindowTitle(KWMainWindow::productName());
     if (KWMainWindow *window = mainWin())
         setWindowIcon(window->widget()->windowIcon());
     const int iconSize = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
-    m_ui.m_iconLabel->setPixmap(
+    m_ui->m_iconLabel->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(iconSize));
     setMessage(message);
     setButtons(buttons);
-    m_ui.m_showWarningCheckBox->setChecked(showWarning);
-    connect(m_ui.m_button1, &QPushButton::clicked, this,
+    m_ui->m_showWarningCheckBox->setChecked(showWarning);
+    connect(m_ui->m_button1, &QPushButton::clicked, this,
             &KWConfigurableWarningDlgImpl::button1Pressed);
-    connect(m_ui.m_button2, &QPushButton::clicked, this,
+    connect(m_ui->m_button2, &QPushButton::clicked, this,
             &KWConfigurableWarningDlgImpl::button2Pressed);
-    connect(m_ui.m_button3, &QPushButton::clicked, this,
+    connect(m_ui->m_button3, &QPushButton::clicked, this,
             &KWConfigurableWarningDlgImpl::button3Pressed);
     new KWWhatsThisHelper(this);
 }
 
+KWConfigurableWarningDlgImpl::~KWConfigurableWarningDlgImpl() = default;
+
 bool KWConfigurableWarningDlgImpl::showWarning() const
 {
-    return m_ui.m_showWarningCheckBox->isChecked();
+    return m_ui->m_showWarningCheckBox->isChecked();
 }
 
 void KWConfigurableWarningDlgImpl::button1Pressed()
@@ -51,26 +55,26 @@ void KWConfigurableWarningDlgImpl::button3Pressed()
 
 void KWConfigurableWarningDlgImpl::reject()
 {
-    done(m_ui.m_button3->isHidden() ? 1 : 2);
+    done(m_ui->m_button3->isHidden() ? 1 : 2);
 }
 
 void KWConfigurableWarningDlgImpl::setMessage(const QString &message)
 {
-    m_ui.m_message->setText(message);
+    m_ui->m_message->setText(message);
     // A label that wraps asks for a narrow block of text. Short lines should stand as written, and
     // long ones break only where they become hard to read.
-    const QFontMetrics metrics = m_ui.m_message->fontMetrics();
+    const QFontMetrics metrics = m_ui->m_message->fontMetrics();
     const int asWritten = metrics.size(0, message).width();
-    m_ui.m_message->setMinimumWidth(std::min(asWritten, 80 * metrics.averageCharWidth()));
+    m_ui->m_message->setMinimumWidth(std::min(asWritten, 80 * metrics.averageCharWidth()));
 }
 
 void KWConfigurableWarningDlgImpl::setButtons(const QStringList &texts)
 {
-    QPushButton *const buttons[] = {m_ui.m_button1, m_ui.m_button2, m_ui.m_button3};
+    QPushButton *const buttons[] = {m_ui->m_button1, m_ui->m_button2, m_ui->m_button3};
     for (int i = 0; i < 3; ++i) {
         const QString text = texts.value(i);
         if (!text.isEmpty())
             buttons[i]->setText(text);
     }
-    m_ui.m_button3->setHidden(texts.value(2).isEmpty());
+    m_ui->m_button3->setHidden(texts.value(2).isEmpty());
 }

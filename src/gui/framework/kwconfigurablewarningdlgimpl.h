@@ -1,9 +1,13 @@
 #pragma once
 
-#include "ui_kwconfigurablewarningdlg.h"
-
 #include <QDialog>
 #include <QStringList>
+
+#include <memory>
+
+namespace Ui {
+class KWConfigurableWarningDlg;
+}
 
 /// A warning that the user can switch off. exec() gives the index of the button pressed, from 0;
 /// Esc and the close box count as the last button, never as the first one, which goes on.
@@ -16,6 +20,7 @@ public:
     /// where it has none for them.
     KWConfigurableWarningDlgImpl(QWidget *parent, const QString &message,
                                  const QStringList &buttons = {}, bool showWarning = true);
+    ~KWConfigurableWarningDlgImpl() override;
 
     /// Whether the user wants to see the warning again.
     bool showWarning() const;
@@ -30,5 +35,5 @@ private:
     void setMessage(const QString &message);
     void setButtons(const QStringList &texts);
 
-    Ui::KWConfigurableWarningDlg m_ui;
+    std::unique_ptr<Ui::KWConfigurableWarningDlg> m_ui;
 };
