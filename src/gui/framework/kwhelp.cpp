@@ -1,0 +1,66 @@
+#include "kwhelp.h"
+
+#include "kwdatadirectory.h"
+#include "kwmainwindow.h"
+#include "kwmessages.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString &rememberedDirectory()
+{
+    static QString directory;
+    return directory;
+}
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KWHelp", text);
+}
+
+const QString &helpFileName()
+{
+    static const QString name = u"%1_%2_%3_%4.chm"_s.arg(u"ambrelune"_s)
+                                    .arg(KWMainWindow::majorVersion())
+                                    .arg(KWMainWindow::minorVersion())
+                                    .arg(KWMainWindow::patchVersion());
+    return name;
+}
+} // namespace
+
+void rememberStartDirectory(const QString &directory)
+{
+    rememberedDirectory() = directory.isEmpty() ? QDir::currentPath() : directory;
+}
+
+const QString &startDirectory()
+{
+    if (rememberedDirectory().isEmpty())
+        rememberStartDirectory();
+    return rememberedDirectory();
+}
+
+QString helpFilePath()
+{
+    for (const QString &directory : {startDirectory(), QDir::currentPath(), dataDirectory()}) {
+        const QString path = QDir(directory).absoluteFilePath(helpFileName());
+        if (QFileInfo(path).isFile())
+            return path;
+    }
+    errorBox(tr("Can't find help file %1 .").arg(helpFileName()), tr("&OK"));
+    return {};
+}
+
+bool showHelpTopic(const QString &topic)
+{
+    const QString path = helpFilePath();
+    if (path.isEmpty())
+        return false;
+    errorBox(tr("Unable to display topic '%1' in Help file '%2'.").arg(topic, path), tr("&OK"));
+    return false;
+}
