@@ -1,0 +1,104 @@
+#include "guitest.h"
+#include "kwdebugview.h"
+#include "kwviewandfilter.h"
+#include "testplan.h"
+
+namespace {
+/// A view whose update block is all that matters.
+using View = KWDebugView;
+
+/// A panel as the tabs' pages have one.
+class Panel : public QWidget
+{
+public:
+    Panel(QWidget *parent, View *view)
+        : QWidget(parent)
+        , m_view(view)
+    {
+    }
+    void setView(View *view) { m_view = view; }
+    View *view() const { return m_view; }
+
+private:
+    View *m_view;
+};
+} // namespace
+
+class TestKWView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theUpdateBlockNests()
+    {
+        KWDocument plan;
+        View view(nullptr, &plan);
+        view.beginUpdateBlock();
+        QVERIFY(!view.updatesEnabled());
+        view.beginUpdateBlock();
+        view.endUpdateBlock();
+        QVERIFY(!view.updatesEnabled());
+        view.endUpdateBlock();
+        QVERIFY(view.updatesEnabled());
+    }
+
+    void anEndWithoutABeginLeavesUpdatesOn()
+    {
+        KWDocument plan;
+        View view(nullptr, &plan);
+        view.endUpdateBlock();
+        QVERIFY(view.updatesEnabled());
+        view.beginUpdateBlock();
+        QVERIFY(view.updatesEnabled());
+        view.beginUpdateBlock();
+        QVERIFY(!view.updatesEnabled());
+    }
+
+    void aViewHasItsDocumentAndMarksItModified()
+    {
+        KWDocument plan;
+        View view(nullptr, &plan);
+        QCOMPARE(view.KWView::document(), &plan);
+        plan.setModified(false);
+        view.markModified();
+        QVERIFY(plan.isModified());
+    }
+
+    void aViewNeedsARefreshWhenItIsToldSo()
+    {
+        KWDocument plan;
+        View view(nullptr, &plan);
+        QVERIFY(!view.needsRefresh());
+        view.setNeedsRefresh(true);
+        QVERIFY(view.needsRefresh());
+        view.setNeedsRefresh(false);
+        QVERIFY(!view.needsRefresh());
+    }
+
+    void thePanelStandsAboveItsViewUnlessTheViewComesFirst_data()
+    {
+        QTest::addColumn<bool>("viewFirst");
+        QTest::newRow("panel first") << false;
+        QTest::newRow("view first") << true;
+    }
+
+    void thePanelStandsAboveItsViewUnlessTheViewComesFirst()
+    {
+        QFETCH(bool, viewFirst);
+        KWDocument plan;
+        KWViewAndFilter<View, Panel> pair(nullptr, &plan, viewFirst);
+        QCOMPARE(pair.view()->KWView::document(), &plan);
+        QCOMPARE(pair.filter()->view(), pair.view());
+        const QWidget *view = pair.view();
+        const QWidget *filter = pair.filter();
+        QCOMPARE(view->sizePolicy().verticalStretch(), 1);
+        QCOMPARE(filter->sizePolicy().verticalStretch(), 0);
+        QCOMPARE(pair.layout()->itemAt(0)->widget(), viewFirst ? view : filter);
+        QCOMPARE(pair.layout()->itemAt(1)->widget(), viewFirst ? filter : view);
+        const KWViewPage &page = pair;
+        QCOMPARE(page.view(), static_cast<KWView *>(pair.view()));
+    }
+};
+
+GUI_TEST_MAIN(TestKWView)
+#include "tst_kwview.moc"
