@@ -1,6 +1,7 @@
 #include "kwconfigurablewarningdlgimpl.h"
 
 #include "kwmainwindow.h"
+#include "kwstylehelper.h"
 #include "kwwhatsthishelper.h"
 #include "ui_kwconfigurablewarningdlg.h"
 
@@ -29,6 +30,7 @@ KWConfigurableWarningDlgImpl::KWConfigurableWarningDlgImpl(QWidget *parent, cons
     connect(m_ui->m_button3, &QPushButton::clicked, this,
             &KWConfigurableWarningDlgImpl::button3Pressed);
     new KWWhatsThisHelper(this);
+    new KWStyleHelper(this);
 }
 
 KWConfigurableWarningDlgImpl::~KWConfigurableWarningDlgImpl() = default;

@@ -2,6 +2,7 @@
 
 #include "kwaccel.h"
 #include "kwhelp.h"
+#include "kwstylehelper.h"
 #include "kwwhatsthishelper.h"
 #include "ui_kwgetstringdlg.h"
 
@@ -36,6 +37,7 @@ KWGetStringDlgImpl::KWGetStringDlgImpl(QWidget *parent, const QString &caption,
     updateButtons();
     setUpHelp();
     new KWWhatsThisHelper(this);
+    new KWStyleHelper(this);
     setFixedSize(minimumSizeHint());
 }
 

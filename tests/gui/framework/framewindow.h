@@ -15,6 +15,7 @@ public:
     QPrinter *printer() override { return nullptr; }
     void saveUndoState(const QString &) override {}
     void setActiveView(KWView *) override {}
+    KWView *activeView() const override { return nullptr; }
     void updateActionsOnViewChange() override {}
     void updatePrintAction() override {}
     void updateCopyAction() override {}

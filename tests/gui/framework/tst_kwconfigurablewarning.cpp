@@ -2,6 +2,7 @@
 #include "guitest.h"
 #include "kwconfigurablewarningdlgimpl.h"
 #include "kwmessages.h"
+#include "kwstylehelper.h"
 #include "kwusersettings.h"
 #include "modaluser.h"
 #include "testplan.h"
@@ -59,6 +60,7 @@ private slots:
         QCOMPARE(button(dialog, "m_button1")->shortcut(), QKeySequence(Qt::ALT | Qt::Key_Y));
         QCOMPARE(button(dialog, "m_button2")->shortcut(), QKeySequence(Qt::ALT | Qt::Key_N));
         QVERIFY(button(dialog, "m_button1")->isDefault());
+        QVERIFY(dialog.findChild<KWStyleHelper *>());
     }
 
     void buttonsTakeTheTextsGivenAndKeepTheirOwnWithoutOne_data()

@@ -1,5 +1,6 @@
 #include "guitest.h"
 #include "kwgetstringdlgimpl.h"
+#include "kwstylehelper.h"
 #include "modaluser.h"
 #include "scriptedprompts.h"
 #include "testplan.h"
@@ -53,6 +54,7 @@ private slots:
         QCOMPARE(button(*dialog, "m_okButton")->text(), s("&OK"));
         QCOMPARE(button(*dialog, "m_cancelButton")->text(), s("&Cancel"));
         QCOMPARE(button(*dialog, "m_helpButton")->text(), s("&Help"));
+        QVERIFY(dialog->findChild<KWStyleHelper *>());
     }
 
     void anEmptyTextCanOnlyBeAcceptedWhereItIsAllowed()
