@@ -1,6 +1,9 @@
 #include "kwdrag.h"
 
 #include "kwdocument.h"
+#include "kwpixmaps.h"
+
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,12 @@ QList<int> decode(const QMimeData *source, QLatin1StringView mimeType, const KWD
     }
     return result;
 }
+
+/// Drawn for the screen on which the drag begins.
+const KWPixmaps &pixmapsFor(const QWidget *source)
+{
+    return KWPixmaps::instance(source ? source->devicePixelRatioF() : 0);
+}
 } // namespace
 
 KWDragData::KWDragData(const QString &mimeType, const QByteArray &payload)
@@ -82,6 +91,7 @@ KWDrag::KWDrag(const KWDocument *document, const QList<KWGuest *> &guests, QWidg
 {
     setObjectName("drag guests"_L1);
     setMimeData(new KWDragData(GuestType, payload(document, positionsOf(guests, document))));
+    setPixmap(pixmapsFor(source).dragGuest());
 }
 
 KWDrag::KWDrag(const KWDocument *document, const KWTable *table, QWidget *source)
@@ -89,6 +99,7 @@ KWDrag::KWDrag(const KWDocument *document, const KWTable *table, QWidget *source
 {
     setObjectName("drag table"_L1);
     setMimeData(new KWDragData(TableType, payload(document, {document->indexOfTable(table)})));
+    setPixmap(pixmapsFor(source).dragTable());
 }
 
 QList<KWGuest *> KWDrag::decodeGuests(const QMimeData *source, const KWDocument *document)

@@ -1,5 +1,6 @@
 #include "guitest.h"
 #include "kwdrag.h"
+#include "kwpixmaps.h"
 #include "testplan.h"
 
 namespace {
@@ -113,6 +114,21 @@ private slots:
         const KWDrag table(&plan, plan.tableAt(0), &source);
         QCOMPARE(table.objectName(), s("drag table"));
         QCOMPARE(table.source(), &source);
+    }
+
+    void aDragShowsItsPicture()
+    {
+        KWDocument plan;
+        fill(plan, QString());
+        const KWPixmaps &pixmaps = KWPixmaps::instance();
+        QVERIFY(pixmaps.dragGuest().cacheKey() != pixmaps.dragTable().cacheKey());
+        QWidget source;
+        for (QWidget *widget : {&source, static_cast<QWidget *>(nullptr)}) {
+            const KWDrag guests(&plan, plan.guests(), widget);
+            QCOMPARE(guests.pixmap().cacheKey(), pixmaps.dragGuest().cacheKey());
+            const KWDrag table(&plan, plan.tableAt(0), widget);
+            QCOMPARE(table.pixmap().cacheKey(), pixmaps.dragTable().cacheKey());
+        }
     }
 
     void aDragOffersItsTypeInAnyLetterCaseAndNoOther()
