@@ -42,10 +42,10 @@ done
 
 # Twice and in between, since one request must not change what the next one gets.
 for _ in 1 2; do
-  printf "$text_latin1" | arrives text/plain
+  printf '%b' "$text_latin1" | arrives text/plain
   printf '%s' "$text" | arrives UTF8_STRING
   printf '%s' "$text" | arrives "text/plain;charset=utf-8"
-  printf "$text_latin1" | arrives STRING
+  printf '%b' "$text_latin1" | arrives STRING
 done
 {
   printf '%s' "$page" | iconv -f UTF-8 -t UTF-16LE
@@ -54,7 +54,7 @@ done
 {
   printf '%s\r\n' "Version:0.9" "StartHTML:00000097" "EndHTML:00000140" \
     "StartFragment:00000109" "EndFragment:00000133"
-  printf "<html><body><p>$text_latin1</p></body></html>"
+  printf '%b' "<html><body><p>$text_latin1</p></body></html>"
 } | arrives "HTML format"
 
 [ "$failures" -eq 0 ]
