@@ -1,0 +1,119 @@
+#include "kwdrag.h"
+
+#include "kwdocument.h"
+#include "kwpixmaps.h"
+
+#include <QWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr char Separator = '#';
+
+/// The plan's file name as a payload can carry it: what Latin-1 lacks is a "?".
+QByteArray carriedName(const KWDocument *document)
+{
+    return document->fileName().toLatin1();
+}
+
+QByteArray payload(const KWDocument *document, const QList<int> &positions)
+{
+    QByteArray result = carriedName(document);
+    for (const int position : positions) {
+        if (position >= 0)
+            result.append(Separator).append(QByteArray::number(position));
+    }
+    return result;
+}
+
+QList<int> positionsOf(const QList<KWGuest *> &guests, const KWDocument *document)
+{
+    QList<int> result;
+    result.reserve(guests.size());
+    for (const KWGuest *guest : guests)
+        result.append(document->indexOfGuest(guest));
+    return result;
+}
+
+/// The numbers behind the file name, -1 for what is none; nothing unless the name is this plan's.
+QList<int> decode(const QMimeData *source, QLatin1StringView mimeType, const KWDocument *document)
+{
+    if (!source || !source->hasFormat(mimeType))
+        return {};
+    const QByteArray data = source->data(mimeType);
+    const qsizetype nameEnd = data.indexOf(Separator);
+    if (nameEnd < 0)
+        return {};
+    const QString sender = QString::fromLatin1(data.first(nameEnd));
+    if (sender.toLower() != QString::fromLatin1(carriedName(document)).toLower())
+        return {};
+
+    QList<int> result;
+    const QLatin1StringView numbers = QLatin1StringView(data).sliced(nameEnd + 1);
+    for (const QLatin1StringView part : numbers.tokenize(QLatin1Char(Separator))) {
+        bool isNumber = false;
+        const int value = part.toInt(&isNumber);
+        result.append(isNumber ? value : -1);
+    }
+    return result;
+}
+
+/// Drawn for the screen on which the drag begins.
+const KWPixmaps &pixmapsFor(const QWidget *source)
+{
+    return KWPixmaps::instance(source ? source->devicePixelRatioF() : 0);
+}
+} // namespace
+
+KWDragData::KWDragData(const QString &mimeType, const QByteArray &payload)
+    : m_mimeType(mimeType)
+    , m_data(payload)
+{
+}
+
+QStringList KWDragData::formats() const
+{
+    return {m_mimeType};
+}
+
+bool KWDragData::hasFormat(const QString &mimeType) const
+{
+    return !m_data.isEmpty() && mimeType.toLower() == m_mimeType.toLower();
+}
+
+QVariant KWDragData::retrieveData(const QString &mimeType, QMetaType /*type*/) const
+{
+    return hasFormat(mimeType) ? m_data : QVariant();
+}
+
+KWDrag::KWDrag(const KWDocument *document, const QList<KWGuest *> &guests, QWidget *source)
+    : QDrag(source)
+{
+    setObjectName("drag guests"_L1);
+    setMimeData(new KWDragData(GuestType, payload(document, positionsOf(guests, document))));
+    setPixmap(pixmapsFor(source).dragGuest());
+}
+
+KWDrag::KWDrag(const KWDocument *document, const KWTable *table, QWidget *source)
+    : QDrag(source)
+{
+    setObjectName("drag table"_L1);
+    setMimeData(new KWDragData(TableType, payload(document, {document->indexOfTable(table)})));
+    setPixmap(pixmapsFor(source).dragTable());
+}
+
+QList<KWGuest *> KWDrag::decodeGuests(const QMimeData *source, const KWDocument *document)
+{
+    QList<KWGuest *> guests;
+    for (const int position : decode(source, GuestType, document)) {
+        if (KWGuest *guest = document->guestAt(position))
+            guests.append(guest);
+    }
+    return guests;
+}
+
+KWTable *KWDrag::decodeTable(const QMimeData *source, const KWDocument *document)
+{
+    const QList<int> positions = decode(source, TableType, document);
+    return positions.size() == 1 ? document->tableAt(positions.first()) : nullptr;
+}
