@@ -101,7 +101,7 @@ private slots:
             QDialog *dialog = nullptr;
             bool hiddenAtMessage = false;
         } prompts;
-        QFile::remove(testHome().path(s("ambrelune_1_2_14.chm")));
+        breakHelpFile();
         KWUserSettings settings;
         Dialog dialog(settings);
         prompts.dialog = &dialog;

@@ -64,14 +64,19 @@ inline void compareFormRow(const QWidget &window)
     QCOMPARE(widget->property("shortcut").value<QKeySequence>(), QKeySequence(keys));
 }
 
-/// The help topic that is asked for while `act` runs. The help file of the test is a broken one, so
-/// that the message tells which topic it was.
-inline QString topicAskedFor(const std::function<void()> &act)
+/// Puts a broken help file where the program looks first, so that a message tells which topic of
+/// it was asked for.
+inline void breakHelpFile()
 {
     QFile file(testHome().path(QStringLiteral("ambrelune_1_2_14.chm")));
     if (!file.open(QIODevice::WriteOnly) || file.write("no help") < 0)
         qFatal("no help file");
-    file.close();
+}
+
+/// The help topic that is asked for while `act` runs.
+inline QString topicAskedFor(const std::function<void()> &act)
+{
+    breakHelpFile();
     ScriptedPrompts prompts;
     prompts.answer(QStringLiteral("&OK"));
     act();
