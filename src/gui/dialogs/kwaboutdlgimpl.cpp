@@ -1,0 +1,80 @@
+#include "kwaboutdlgimpl.h"
+
+#include "kwbuildstamp.h"
+#include "kwmainwindow.h"
+#include "kwpixmaps.h"
+#include "kwstylehelper.h"
+#include "kwwebpage.h"
+#include "kwwhatsthishelper.h"
+#include "ui_kwaboutdlg.h"
+
+#include <QPainter>
+
+namespace {
+
+/// `text` in the widget's colour and in its font, `scale` times as large, behind an icon if there
+/// is one.
+QPixmap titlePicture(const QWidget *widget, const QString &text, qreal scale,
+                     const QPixmap &icon = {})
+{
+    QFont font = widget->font();
+    font.setBold(true);
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * scale);
+    const QFontMetrics metrics(font);
+    const QSize iconSize = icon.deviceIndependentSize().toSize();
+    const int textLeft = icon.isNull() ? 0 : iconSize.width() + metrics.averageCharWidth();
+    const QSize size(textLeft + metrics.horizontalAdvance(text) + metrics.averageCharWidth() / 2,
+                     qMax(iconSize.height(), metrics.height()));
+
+    QPixmap picture(size * widget->devicePixelRatioF());
+    picture.setDevicePixelRatio(widget->devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.drawPixmap(0, (size.height() - iconSize.height()) / 2, icon);
+    painter.setFont(font);
+    painter.setPen(widget->palette().color(QPalette::WindowText));
+    painter.drawText(QRect(QPoint(textLeft, 0), size), Qt::AlignLeft | Qt::AlignVCenter, text);
+    return picture;
+}
+} // namespace
+
+KWAboutDlgImpl::KWAboutDlgImpl(QWidget *parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::KWAboutDlg>())
+{
+    m_ui->setupUi(this);
+    m_ui->m_versionLabel->setText(KWMainWindow::versionText());
+    m_ui->m_buildLabel->setText(buildStamp());
+    drawPictures();
+    new KWShowWebPage(m_ui->m_productLabel, webPage(QStringLiteral("home")));
+    new KWShowWebPage(m_ui->m_veltraceLabel, webPage(QStringLiteral("veltrace")));
+    new KWShowWebPage(m_ui->m_toolkitLabel, webPage(QStringLiteral("toolkit")));
+    new KWWhatsThisHelper(this);
+    new KWStyleHelper(this);
+}
+
+KWAboutDlgImpl::~KWAboutDlgImpl() = default;
+
+void KWAboutDlgImpl::drawPictures()
+{
+    m_ui->m_productLabel->setPixmap(
+        titlePicture(this, KWMainWindow::productName(), 2.2,
+                     KWPixmaps::instance(devicePixelRatioF()).application()));
+    m_ui->m_veltraceLabel->setPixmap(titlePicture(this, QStringLiteral("Veltrace"), 1.2));
+    m_ui->m_toolkitLabel->setPixmap(titlePicture(this, tr("Built with Qt"), 1.2));
+}
+
+void KWAboutDlgImpl::languageChange()
+{
+    m_ui->retranslateUi(this);
+    drawPictures();
+}
+
+void KWAboutDlgImpl::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
+    else if (event->type() == QEvent::PaletteChange)
+        drawPictures();
+}

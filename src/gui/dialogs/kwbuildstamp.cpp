@@ -1,0 +1,6 @@
+#include "kwbuildstamp.h"
+
+QString buildStamp()
+{
+    return QStringLiteral(__DATE__ " " __TIME__);
+}

@@ -1,0 +1,62 @@
+#include "kwgettingstarteddlgimpl.h"
+
+#include "kwaccel.h"
+#include "kwhelp.h"
+#include "kwstylehelper.h"
+#include "kwusersettings.h"
+#include "kwwhatsthishelper.h"
+#include "ui_kwgettingstarteddlg.h"
+
+KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings *settings)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::KWGettingStartedDlg>())
+    , m_settings(settings)
+{
+    using Dlg = KWGettingStartedDlgImpl;
+    m_ui->setupUi(this);
+    m_ui->m_textLabel->setMinimumWidth(60 * fontMetrics().averageCharWidth());
+    m_ui->m_showNextTimeCheckBox->setChecked(m_settings->helpShowGettingStarted());
+    connect(m_ui->m_quickStartButton, &QPushButton::clicked, this, &Dlg::quickStart);
+    connect(m_ui->m_tutorialButton, &QPushButton::clicked, this, &Dlg::tutorial);
+    addAccel(this, Qt::Key_F1, this, &Dlg::help);
+    new KWWhatsThisHelper(this);
+    new KWStyleHelper(this);
+}
+
+KWGettingStartedDlgImpl::~KWGettingStartedDlgImpl() = default;
+
+void KWGettingStartedDlgImpl::done(int result)
+{
+    m_settings->setHelpShowGettingStarted(m_ui->m_showNextTimeCheckBox->isChecked());
+    QDialog::done(result);
+}
+
+void KWGettingStartedDlgImpl::quickStart()
+{
+    accept();
+    help();
+}
+
+void KWGettingStartedDlgImpl::tutorial()
+{
+    accept();
+    showHelpTopic(QStringLiteral("Tutorial.htm"));
+}
+
+// The window has no page of its own; the guide is what it talks about.
+void KWGettingStartedDlgImpl::help()
+{
+    showHelpTopic(QStringLiteral("Quick_start_guide.htm"));
+}
+
+void KWGettingStartedDlgImpl::languageChange()
+{
+    m_ui->retranslateUi(this);
+}
+
+void KWGettingStartedDlgImpl::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
+}

@@ -1,0 +1,182 @@
+#include "kwinfodlgimpl.h"
+
+#include "kwaccel.h"
+#include "kwdocument.h"
+#include "kwhelp.h"
+#include "kwmainwindow.h"
+#include "kwmessages.h"
+#include "kwstylehelper.h"
+#include "kwwhatsthishelper.h"
+#include "ui_kwinfodlg.h"
+
+namespace {
+
+/// Wraps when it leaves the range of an int.
+int totalCost(int fixed, int perAdult, int adults, int perChild, int children)
+{
+    const auto number = [](int value) { return static_cast<unsigned>(value); };
+    return static_cast<int>(number(fixed) + number(perAdult) * number(adults) +
+                            number(perChild) * number(children));
+}
+} // namespace
+
+KWInfoDlgImpl::KWInfoDlgImpl(QWidget *parent, KWDocument *document, std::function<QDate()> today)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::KWInfoDlg>())
+    , m_document(document)
+    , m_today(std::move(today))
+{
+    m_ui->setupUi(this);
+    showReadOuts();
+    for (QSpinBox *cost :
+         {m_ui->m_fixedCostSpinBox, m_ui->m_costPerAdultSpinBox, m_ui->m_costPerChildSpinBox})
+        connect(cost, &QSpinBox::valueChanged, this, &KWInfoDlgImpl::updateTotalCost);
+    connect(m_ui->m_helpPushButton, &QPushButton::clicked, this, &KWInfoDlgImpl::help);
+
+    m_document->countGuests(&m_adults, &m_children, &m_acceptedAdults, &m_acceptedChildren);
+    load();
+    updateTotalCost();
+    updateDaysRemaining();
+    connectEditors();
+    addAccel(this, Qt::Key_F1, this, &KWInfoDlgImpl::help);
+    new KWWhatsThisHelper(this);
+    new KWStyleHelper(this);
+}
+
+KWInfoDlgImpl::~KWInfoDlgImpl() = default;
+
+void KWInfoDlgImpl::load()
+{
+    m_ui->m_eventLineEdit->setText(m_document->event());
+    m_ui->m_venueLineEdit->setText(m_document->venue());
+    const QDate date = m_document->date();
+    m_ui->m_dateEdit->setDate(date.isValid() ? date : m_today());
+    m_ui->m_fixedCostSpinBox->setValue(m_document->fixedCost());
+    m_ui->m_costPerAdultSpinBox->setValue(m_document->adultCost());
+    m_ui->m_costPerChildSpinBox->setValue(m_document->childCost());
+    m_ui->m_notesTextEdit->setPlainText(m_document->notes());
+}
+
+void KWInfoDlgImpl::save()
+{
+    m_document->setEvent(m_ui->m_eventLineEdit->text());
+    m_document->setVenue(m_ui->m_venueLineEdit->text());
+    // The editor cannot show every date that a plan may hold, such as none at all.
+    m_document->setDate(m_dateChanged ? m_ui->m_dateEdit->date() : m_document->date());
+    m_document->setFixedCost(m_ui->m_fixedCostSpinBox->value());
+    m_document->setAdultCost(m_ui->m_costPerAdultSpinBox->value());
+    m_document->setChildCost(m_ui->m_costPerChildSpinBox->value());
+    m_document->setNotes(m_ui->m_notesTextEdit->toPlainText());
+}
+
+// After loading only, so that it does not count as a change.
+void KWInfoDlgImpl::connectEditors()
+{
+    using Dlg = KWInfoDlgImpl;
+    connect(m_ui->m_eventLineEdit, &QLineEdit::textChanged, this, &Dlg::eventChanged);
+    connect(m_ui->m_dateEdit, &QDateEdit::dateChanged, this, &Dlg::dateChanged);
+    connect(m_ui->m_venueLineEdit, &QLineEdit::textChanged, this, &Dlg::venueChanged);
+    connect(m_ui->m_fixedCostSpinBox, &QSpinBox::valueChanged, this, &Dlg::fixedCostChanged);
+    connect(m_ui->m_costPerAdultSpinBox, &QSpinBox::valueChanged, this, &Dlg::perAdultCostChanged);
+    connect(m_ui->m_costPerChildSpinBox, &QSpinBox::valueChanged, this, &Dlg::perChildCostChanged);
+    connect(m_ui->m_notesTextEdit, &QTextEdit::textChanged, this, &Dlg::notesChanged);
+}
+
+// Fields that only tell something stand on the dialog's own ground.
+void KWInfoDlgImpl::showReadOuts()
+{
+    for (QLineEdit *readOut : {m_ui->m_daysRemainingLineEdit, m_ui->m_totalCostLineEdit,
+                               m_ui->m_totalCostAcceptedLineEdit}) {
+        QPalette palette = readOut->palette();
+        palette.setBrush(QPalette::Base, palette.window());
+        readOut->setPalette(palette);
+    }
+}
+
+void KWInfoDlgImpl::accept()
+{
+    if (m_changed) {
+        if (KWMainWindow *window = mainWin())
+            window->saveUndoState(tr("Edit Information"));
+        save();
+    }
+    QDialog::accept();
+}
+
+void KWInfoDlgImpl::reject()
+{
+    if (m_changed && warningBox(tr("Discard changes?"), tr("&Yes"), tr("&No")) != 0)
+        return;
+    QDialog::reject();
+}
+
+void KWInfoDlgImpl::updateTotalCost()
+{
+    const int fixed = m_ui->m_fixedCostSpinBox->value();
+    const int perAdult = m_ui->m_costPerAdultSpinBox->value();
+    const int perChild = m_ui->m_costPerChildSpinBox->value();
+    m_ui->m_totalCostAcceptedLineEdit->setText(QString::number(
+        totalCost(fixed, perAdult, m_acceptedAdults, perChild, m_acceptedChildren)));
+    m_ui->m_totalCostLineEdit->setText(
+        QString::number(totalCost(fixed, perAdult, m_adults, perChild, m_children)));
+}
+
+void KWInfoDlgImpl::updateDaysRemaining()
+{
+    m_ui->m_daysRemainingLineEdit->setText(
+        QString::number(m_today().daysTo(m_ui->m_dateEdit->date())));
+}
+
+void KWInfoDlgImpl::eventChanged()
+{
+    m_changed = true;
+}
+
+void KWInfoDlgImpl::dateChanged()
+{
+    m_changed = true;
+    m_dateChanged = true;
+    updateDaysRemaining();
+}
+
+void KWInfoDlgImpl::venueChanged()
+{
+    m_changed = true;
+}
+
+void KWInfoDlgImpl::fixedCostChanged()
+{
+    m_changed = true;
+}
+
+void KWInfoDlgImpl::perAdultCostChanged()
+{
+    m_changed = true;
+}
+
+void KWInfoDlgImpl::perChildCostChanged()
+{
+    m_changed = true;
+}
+
+void KWInfoDlgImpl::notesChanged()
+{
+    m_changed = true;
+}
+
+void KWInfoDlgImpl::help()
+{
+    showHelpTopic(QStringLiteral("Information_window.htm"));
+}
+
+void KWInfoDlgImpl::languageChange()
+{
+    m_ui->retranslateUi(this);
+}
+
+void KWInfoDlgImpl::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
+}

@@ -1,0 +1,239 @@
+#include "dialogchecks.h"
+#include "dialogtest.h"
+#include "fakemainwindow.h"
+#include "kwaboutdlgimpl.h"
+#include "kwconfigurablewarningdlgimpl.h"
+#include "kwcreditsdlg.h"
+#include "kwgetstringdlgimpl.h"
+#include "kwgettingstarteddlgimpl.h"
+#include "kwinfodlgimpl.h"
+#include "kwpreferencesdlgimpl.h"
+#include "kwrecentlyopeneddlgimpl.h"
+#include "testplan.h"
+
+using namespace DialogChecks;
+
+// Every dialog of the program is in this table, and has to pass all the checks.
+
+namespace {
+
+using Dialog = std::unique_ptr<QDialog>;
+
+struct DialogRow
+{
+    const char *name;
+    std::function<Dialog(FakeMainWindow &)> make;
+    /// Mnemonics that clash in the captions as they were laid down.
+    QStringList givenClashes = {};
+};
+
+Dialog information(FakeMainWindow &window)
+{
+    KWDocument &plan = *window.document();
+    plan.setEvent(s("Wedding of Ann and Bob"));
+    plan.setVenue(s("The Old Mill"));
+    plan.setDate(QDate(2025, 6, 21));
+    plan.setFixedCost(2500);
+    plan.setAdultCost(85);
+    plan.setChildCost(999999999);
+    addGuest(plan, {.name = "Ann"})->setAccepted(true);
+    addGuest(plan, {.name = "Bob"});
+    addGuest(plan, {.name = "Cleo", .age = KWGuest::Child})->setAccepted(true);
+    addGuest(plan, {.name = "Dan", .age = KWGuest::Child});
+    plan.setNotes(s("Vegetarian meals for the third table."));
+    return std::make_unique<KWInfoDlgImpl>(nullptr, &plan, [] { return QDate(2025, 5, 20); });
+}
+
+Dialog recentlyOpened(FakeMainWindow &window)
+{
+    QStringList paths;
+    for (const char *name : {"wedding.kw", "Summer banquet 2025.kw", "golden anniversary.kw"}) {
+        paths.append(testHome().path(s("Plans and lists/") + s(name)));
+        QDir().mkpath(QFileInfo(paths.last()).path());
+        QFile file(paths.last());
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("no plan");
+    }
+    return std::make_unique<KWRecentlyOpenedDlgImpl>(nullptr, paths, QString(),
+                                                     window.userSettings());
+}
+
+const QList<DialogRow> &dialogs()
+{
+    static const QList<DialogRow> all{
+        {"preferences",
+         [](FakeMainWindow &window) {
+             return std::make_unique<KWPreferencesDlgImpl>(nullptr, window.userSettings());
+         },
+         {s("Alt+A: m_backupAutoCheckBox, qt_tabwidget_tabbar")}},
+        {"information", information, {s("Alt+C: m_cancelPushButton, m_costPerChildLabel")}},
+        {"recently opened", recentlyOpened},
+        {"getting started",
+         [](FakeMainWindow &window) {
+             return std::make_unique<KWGettingStartedDlgImpl>(nullptr, window.userSettings());
+         }},
+        {"about", [](FakeMainWindow &) { return std::make_unique<KWAboutDlgImpl>(nullptr); }},
+        {"credits", [](FakeMainWindow &) { return std::make_unique<KWCreditsDlg>(nullptr); }},
+        {"warning",
+         [](FakeMainWindow &) {
+             return std::make_unique<KWConfigurableWarningDlgImpl>(
+                 nullptr, s("Delete the guest \"Ann\" and everything that is known of her?"));
+         }},
+        {"string",
+         [](FakeMainWindow &) {
+             return std::make_unique<KWGetStringDlgImpl>(nullptr, s("Save theme"), s("&Name:"),
+                                                         s("Summer"), false, s("Tutorial.htm"));
+         }},
+    };
+    return all;
+}
+
+/// One of the dialogs, as the fetched row tells, on the screen.
+class ShownDialog
+{
+public:
+    ShownDialog(int index, bool largeFont)
+    {
+        QFont font = m_font;
+        if (largeFont)
+            font.setPointSizeF(font.pointSizeF() * 1.5);
+        QApplication::setFont(font);
+        m_dialog = dialogs().at(index).make(m_window);
+        m_active = showActive(*m_dialog);
+    }
+
+    ~ShownDialog()
+    {
+        m_dialog.reset();
+        QApplication::setFont(m_font);
+    }
+
+    QDialog *operator->() const { return m_dialog.get(); }
+    bool isActive() const { return m_active; }
+    QString faults(const Check &check) const
+    {
+        return onEachPage(m_dialog.get(), check).join(u'\n');
+    }
+
+private:
+    const QFont m_font = QApplication::font();
+    FakeMainWindow m_window;
+    Dialog m_dialog;
+    bool m_active = false;
+};
+
+void addDialogRows()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<bool>("largeFont");
+    for (int i = 0; i < dialogs().size(); ++i) {
+        QTest::newRow(dialogs().at(i).name) << i << false;
+        QTest::addRow("%s, large font", dialogs().at(i).name) << i << true;
+    }
+}
+} // namespace
+
+#define SHOW_FETCHED_DIALOG(dialog)                                                                \
+    QFETCH(int, index);                                                                            \
+    QFETCH(bool, largeFont);                                                                       \
+    const ShownDialog dialog(index, largeFont);                                                    \
+    QVERIFY(dialog.isActive())
+
+class TestDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void fieldsHaveNamesAndMnemonicsLeadThere_data() { addDialogRows(); }
+
+    void fieldsHaveNamesAndMnemonicsLeadThere()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QCOMPARE(dialog.faults(unnamedFields), QString());
+    }
+
+    void theTabKeyGoesDownAndToTheRight_data() { addDialogRows(); }
+
+    void theTabKeyGoesDownAndToTheRight()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QCOMPARE(dialog.faults(backwardTabs), QString());
+    }
+
+    void mnemonicsDoNotClash_data() { addDialogRows(); }
+
+    void mnemonicsDoNotClash()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QCOMPARE(dialog.faults(mnemonicClashes), dialogs().at(index).givenClashes.join(u'\n'));
+    }
+
+    void textsFit_data() { addDialogRows(); }
+
+    void textsFit()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QCOMPARE(dialog.faults(cutTexts), QString());
+    }
+
+    void nothingSticksOut_data() { addDialogRows(); }
+
+    void nothingSticksOut()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QCOMPARE(dialog.faults(strayWidgets), QString());
+    }
+
+    void columnsAreInLine_data() { addDialogRows(); }
+
+    void columnsAreInLine()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QCOMPARE(dialog.faults(raggedColumns), QString());
+    }
+
+    void eachTipIsAlsoWhatsThisAndTheStyleHelperIsThere_data() { addDialogRows(); }
+
+    void eachTipIsAlsoWhatsThisAndTheStyleHelperIsThere()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        for (const QWidget *widget : dialog->findChildren<QWidget *>()) {
+            if (!widget->toolTip().isEmpty())
+                QCOMPARE(widget->whatsThis(), widget->toolTip());
+        }
+        QVERIFY(dialog->findChild<QObject *>(s("KWStyleHelper"), Qt::FindDirectChildrenOnly));
+    }
+
+    void theDialogFitsOnASmallScreen_data() { addDialogRows(); }
+
+    void theDialogFitsOnASmallScreen()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        const QSize size = dialog->size().expandedTo(dialog->sizeHint());
+        QVERIFY(size.width() <= (largeFont ? 1500 : 1000));
+        QVERIFY(size.height() <= (largeFont ? 1140 : 760));
+    }
+
+    /// Pictures to look at, where AMBRELUNE_ARTEFACTS names a directory for them.
+    void aPictureOfEachDialogCanBeKept_data() { addDialogRows(); }
+
+    void aPictureOfEachDialogCanBeKept()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        const QString directory = qEnvironmentVariable("AMBRELUNE_ARTEFACTS");
+        int page = 0;
+        const QString faults = dialog.faults([&](QWidget *window) {
+            const QPixmap picture = window->grab();
+            const QString name =
+                s("%1/dialog-%2-%3%4.png")
+                    .arg(directory, s(dialogs().at(index).name).replace(u' ', u'-'),
+                         QString::number(++page), s(largeFont ? "-large" : ""));
+            const bool kept = directory.isEmpty() || picture.save(name);
+            return kept && !picture.isNull() ? QStringList() : QStringList{name};
+        });
+        QCOMPARE(faults, QString());
+    }
+};
+
+GUI_TEST_MAIN(TestDialogs)
+#include "tst_dialogs.moc"

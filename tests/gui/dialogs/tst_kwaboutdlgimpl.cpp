@@ -1,0 +1,144 @@
+#include "dialogtest.h"
+#include "kwaboutdlgimpl.h"
+#include "kwbuildstamp.h"
+#include "kwcreditsdlg.h"
+#include "kwwebpage.h"
+#include "testplan.h"
+
+#include <QDesktopServices>
+
+namespace {
+
+/// Takes the place of the user's browser while it lives.
+class FakeBrowser : public QObject
+{
+    Q_OBJECT
+
+public:
+    FakeBrowser() { QDesktopServices::setUrlHandler(s("file"), this, "open"); }
+    ~FakeBrowser() override { QDesktopServices::unsetUrlHandler(s("file")); }
+
+    QList<QUrl> opened;
+
+public slots:
+    void open(const QUrl &url) { opened.append(url); }
+};
+} // namespace
+
+class TestKWAboutDlgImpl : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void eachWidgetHasItsTexts_data()
+    {
+        addFormRows({
+            {"m_versionTextLabel", "Version:", "Application version"},
+            {"m_versionLabel", "1.2.14", "Application version"},
+            {"m_buildTextLabel", "Build:", "Application build time-stamp"},
+            {"m_okButton", "&OK", "Close window", "Alt+O"},
+        });
+    }
+
+    void eachWidgetHasItsTexts() { compareFormRow(KWAboutDlgImpl(nullptr)); }
+
+    void theDialogHasItsCaptionAndTheBuildStamp()
+    {
+        const KWAboutDlgImpl dialog(nullptr);
+        QCOMPARE(dialog.windowTitle(), s("About Ambrelune"));
+        QVERIFY(dialog.isModal());
+        const auto *build = child<QLabel>(dialog, "m_buildLabel");
+        QCOMPARE(build->text(), buildStamp());
+        QCOMPARE(build->toolTip(), s("Application build time-stamp"));
+    }
+
+    void theBuildStampIsADateABlankAndATime()
+    {
+        const QString stamp = buildStamp();
+        const qsizetype blank = stamp.lastIndexOf(u' ');
+        const QString date = stamp.left(blank).simplified();
+        QVERIFY2(QLocale::c().toDate(date, s("MMM d yyyy")).isValid(), qPrintable(stamp));
+        QVERIFY2(QTime::fromString(stamp.mid(blank + 1), s("hh:mm:ss")).isValid(),
+                 qPrintable(stamp));
+    }
+
+    void eachPictureOpensItsPage_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("page");
+        QTest::newRow("product") << s("m_productLabel") << s("home");
+        QTest::newRow("maker") << s("m_veltraceLabel") << s("veltrace");
+        QTest::newRow("toolkit") << s("m_toolkitLabel") << s("toolkit");
+    }
+
+    void eachPictureOpensItsPage()
+    {
+        QFETCH(QString, label);
+        QFETCH(QString, page);
+        const FakeBrowser browser;
+        KWAboutDlgImpl dialog(nullptr);
+        QVERIFY(showActive(dialog));
+        auto *picture = child<QLabel>(dialog, label);
+        QVERIFY(!picture->pixmap().isNull());
+        QCOMPARE(picture->cursor().shape(), Qt::PointingHandCursor);
+        QVERIFY(!picture->toolTip().isEmpty());
+        QTest::mousePress(picture, Qt::LeftButton);
+        QVERIFY(QFileInfo(webPage(page)).isFile());
+        QCOMPARE(browser.opened, QList<QUrl>{QUrl::fromLocalFile(webPage(page))});
+        QVERIFY(dialog.isVisible());
+    }
+
+    void thePicturesFollowTheColours()
+    {
+        KWAboutDlgImpl dialog(nullptr);
+        auto *maker = child<QLabel>(dialog, "m_veltraceLabel");
+        QVERIFY(showActive(dialog));
+        const QImage before = maker->pixmap().toImage();
+        QPalette palette = dialog.palette();
+        palette.setColor(QPalette::WindowText, Qt::red);
+        dialog.setPalette(palette);
+        QVERIFY(maker->pixmap().toImage() != before);
+    }
+
+    void okAndEscClose()
+    {
+        KWAboutDlgImpl dialog(nullptr);
+        QVERIFY(showActive(dialog));
+        QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier);
+        QTRY_VERIFY(!dialog.isVisible());
+        QVERIFY(showActive(dialog));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void aNewLanguageTranslatesTheFormAndItsPictures()
+    {
+        const KWAboutDlgImpl dialog(nullptr);
+        const auto *toolkit = child<QLabel>(dialog, "m_toolkitLabel");
+        const QSize before = toolkit->pixmap().size();
+        const BracketTranslator translator;
+        QTRY_COMPARE(dialog.windowTitle(), s("[About Ambrelune]"));
+        QCOMPARE(child<QLabel>(dialog, "m_versionLabel")->text(), s("1.2.14"));
+        QVERIFY(toolkit->pixmap().width() > before.width());
+    }
+
+    void theCreditsNameTheMakersInOneRichLabel()
+    {
+        KWCreditsDlg dialog(nullptr);
+        QCOMPARE(dialog.windowTitle(), s("Credits"));
+        QVERIFY(dialog.isModal());
+        const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
+        QCOMPARE(labels.size(), 1);
+        QCOMPARE(labels.first()->textFormat(), Qt::RichText);
+        for (const char *name : {"The Ambrelune team at Veltrace", "Qt", "Expat", "CHMLib"})
+            QVERIFY2(labels.first()->text().contains(s(name)), name);
+        QVERIFY(showActive(dialog));
+        QTest::keyClick(&dialog, Qt::Key_Return);
+        QVERIFY(!dialog.isVisible());
+        const BracketTranslator translator;
+        QTRY_COMPARE(dialog.windowTitle(), s("[Credits]"));
+    }
+};
+
+GUI_TEST_MAIN(TestKWAboutDlgImpl)
+#include "tst_kwaboutdlgimpl.moc"

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "kwdocument.h"
+#include "kwmainwindow.h"
+#include "kwusersettings.h"
+
+#include <QPrinter>
+#include <QStringList>
+#include <QWidget>
+
+#include <memory>
+
+/// Stands in for the main window while it lives: mainWin() gives it, and it writes down what it was
+/// told. It has a plan and settings of its own.
+class FakeMainWindow : public KWMainWindow
+{
+public:
+    QStringList undoLabels;
+    QStringList statusMessages;
+    QList<int> progress;
+    /// How often the actions were asked to follow: the view's, printing, copying.
+    int viewUpdates = 0;
+    int printUpdates = 0;
+    int copyUpdates = 0;
+    KWView *currentView = nullptr;
+
+    QWidget *widget() override { return &m_widget; }
+    KWDocument *document() override { return &m_document; }
+    KWUserSettings *userSettings() override { return &m_settings; }
+    QPrinter *printer() override
+    {
+        if (!m_printer)
+            m_printer = std::make_unique<QPrinter>();
+        return m_printer.get();
+    }
+
+    void saveUndoState(const QString &label) override { undoLabels.append(label); }
+
+    void setActiveView(KWView *view) override { currentView = view; }
+    KWView *activeView() const override { return currentView; }
+    void updateActionsOnViewChange() override { ++viewUpdates; }
+    void updatePrintAction() override { ++printUpdates; }
+    void updateCopyAction() override { ++copyUpdates; }
+
+    void showStatusMessage(const QString &text) override { statusMessages.append(text); }
+    void setProgress(int percent) override { progress.append(percent); }
+
+private:
+    QWidget m_widget;
+    KWDocument m_document;
+    KWUserSettings m_settings;
+    std::unique_ptr<QPrinter> m_printer;
+};
