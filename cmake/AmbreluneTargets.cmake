@@ -34,10 +34,12 @@ if(AMBRELUNE_SANITIZE)
 endif()
 
 # ambrelune_library(NAME [WIDGETS] LINK...): the static library of one folder under src/, of all
-# the sources in it, with the folder as its include directory. WIDGETS: most of them use widgets.
+# the sources in it but kwmain.cpp, with the folder as its include directory. WIDGETS: most of
+# them use widgets.
 function(ambrelune_library name)
   cmake_parse_arguments(ARG "WIDGETS" "" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  list(FILTER sources EXCLUDE REGEX "/kwmain[.]cpp$")
   add_library(${name} STATIC ${sources})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ambrelune_options)

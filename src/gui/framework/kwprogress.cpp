@@ -8,7 +8,8 @@ void setProgress(int percent)
 {
     if (KWMainWindow *window = mainWin())
         window->setProgress(percent);
-    QCoreApplication::processEvents();
+    // What the user does meanwhile waits, since it might change the plan that is being worked on.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void setProgress(int value, int total)

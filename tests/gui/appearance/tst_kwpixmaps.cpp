@@ -301,7 +301,7 @@ void tst_KWPixmaps::noTwoPicturesLookAlikeAtSixteen()
         for (qsizetype j = i + 1; j < m_names.size(); ++j) {
             const double found = difference(one, icon(m_names[j], 16, light));
             QVERIFY2(found > 10.0, qPrintable(u"%1 and %2 differ by %3 only"_s.arg(
-                                      m_names[i], m_names[j], QString::number(found))));
+                                       m_names[i], m_names[j], QString::number(found))));
         }
     }
 }

@@ -1,4 +1,4 @@
-#include "framewindow.h"
+#include "fakemainwindow.h"
 #include "guitest.h"
 #include "kwconfigurablewarningdlgimpl.h"
 #include "kwmessages.h"
@@ -137,7 +137,7 @@ private slots:
 
     void theIconIsTheMainWindows()
     {
-        FrameWindow window;
+        FakeMainWindow window;
         QPixmap pixmap(16, 16);
         pixmap.fill(Qt::magenta);
         window.widget()->setWindowIcon(pixmap);
@@ -205,7 +205,7 @@ private slots:
 
     void theDialogStandsOverTheMainWindow()
     {
-        FrameWindow window;
+        FakeMainWindow window;
         warn([&window](Dialog &dialog) {
             QCOMPARE(dialog.parent(), window.widget());
             dialog.button1Pressed();

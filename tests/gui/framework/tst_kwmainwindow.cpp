@@ -1,4 +1,4 @@
-#include "framewindow.h"
+#include "fakemainwindow.h"
 #include "guitest.h"
 #include "testplan.h"
 
@@ -20,7 +20,7 @@ private slots:
     {
         QCOMPARE(mainWin(), nullptr);
         {
-            FrameWindow window;
+            FakeMainWindow window;
             QCOMPARE(mainWin(), &window);
         }
         QCOMPARE(mainWin(), nullptr);

@@ -1,4 +1,4 @@
-#include "framewindow.h"
+#include "fakemainwindow.h"
 #include "guitest.h"
 #include "kwmessages.h"
 #include "scriptedprompts.h"
@@ -71,7 +71,7 @@ private slots:
     {
         NotingPrompts user;
         {
-            FrameWindow window;
+            FakeMainWindow window;
             QCOMPARE(warningBox(s("Really?"), s("&Yes"), s("&No")), 1);
             QCOMPARE(user.parent, window.widget());
         }

@@ -1,4 +1,4 @@
-#include "framewindow.h"
+#include "fakemainwindow.h"
 #include "guitest.h"
 #include "kwprogress.h"
 
@@ -9,7 +9,7 @@ class TestKWProgress : public QObject
 private slots:
     void theWindowShowsThePercentage()
     {
-        FrameWindow window;
+        FakeMainWindow window;
         setProgress(40);
         setProgress(100);
         QCOMPARE(window.progress, (QList<int>{40, 100}));
@@ -17,7 +17,7 @@ private slots:
 
     void stepsAreRoundedDownToPercents()
     {
-        FrameWindow window;
+        FakeMainWindow window;
         for (int step = 0; step <= 3; ++step)
             setProgress(step, 3);
         QCOMPARE(window.progress, (QList<int>{0, 33, 66, 100}));
@@ -25,7 +25,7 @@ private slots:
 
     void theWindowMayAnswerInBetween()
     {
-        const FrameWindow window;
+        const FakeMainWindow window;
         int answered = 0;
         QTimer::singleShot(0, this, [&] { ++answered; });
         setProgress(1);

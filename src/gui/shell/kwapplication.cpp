@@ -1,0 +1,6 @@
+#include "kwapplication.h"
+
+KWApplication::KWApplication(int &argc, char **argv)
+    : QApplication(argc, argv)
+{
+}

@@ -1,0 +1,6 @@
+#include "kwbottomtab.h"
+
+KWBottomTab::KWBottomTab(QWidget *parent, KWDocument *)
+    : KWCloseableTabWidget(parent, QStringLiteral("KWBottomTab"))
+{
+}

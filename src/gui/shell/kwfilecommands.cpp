@@ -1,0 +1,351 @@
+#include "kwfilecommands.h"
+
+#include "kwbusy.h"
+#include "kwdocument.h"
+#include "kweditcommands.h"
+#include "kwinfodlgimpl.h"
+#include "kwmainwindow.h"
+#include "kwmessages.h"
+#include "kwpanes.h"
+#include "kwpreferencesdlgimpl.h"
+#include "kwprompts.h"
+#include "kwrecentlyopeneddlgimpl.h"
+#include "kwtimer.h"
+#include "kwusersettings.h"
+#include "kwview.h"
+#include "ui_kwmainwin.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int recentFileLimit = 5;
+
+const QString &planExtension()
+{
+    static const QString extension = u"kw"_s;
+    return extension;
+}
+
+const QString &backupExtension()
+{
+    static const QString extension = u"kwb"_s;
+    return extension;
+}
+
+QString absolutePath(const QString &path)
+{
+    return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+}
+} // namespace
+
+KWFileCommands::KWFileCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window,
+                               KWPanes *panes, KWEditCommands *edit, const Clock &clock)
+    : QObject(parent)
+    , m_ui(ui)
+    , m_window(window)
+    , m_panes(panes)
+    , m_edit(edit)
+    , m_clock(clock)
+    , m_planDir(QDir::current())
+{
+    m_planDir.cd(u"plans"_s);
+    using Commands = KWFileCommands;
+    connect(ui->m_fileNewAction, &QAction::triggered, this, &Commands::fileNew);
+    connect(ui->m_fileOpenAction, &QAction::triggered, this, &Commands::fileOpen);
+    connect(ui->m_openRecentAction, &QAction::triggered, this, &Commands::fileOpenRecent);
+    connect(ui->m_fileSaveAction, &QAction::triggered, this, &Commands::fileSave);
+    connect(ui->m_fileSaveAsAction, &QAction::triggered, this, &Commands::fileSaveAs);
+    connect(ui->m_fileInfo, &QAction::triggered, this, &Commands::fileInformation);
+    connect(ui->m_preferencesAction, &QAction::triggered, this, &Commands::preferences);
+}
+
+QString KWFileCommands::planDirPath() const
+{
+    return QDir::toNativeSeparators(m_planDir.path() + u'/');
+}
+
+QString KWFileCommands::docPath() const
+{
+    return m_window->document()->fileName();
+}
+
+KWFileCommands::SaveAnswer KWFileCommands::askToSave()
+{
+    switch (warningBox(tr("Save changes to this plan?"), tr("&Save"), tr("&Don't save"),
+                       tr("&Cancel"))) {
+    case 0:
+        return Save;
+    case 1:
+        return DontSave;
+    default:
+        return Cancel;
+    }
+}
+
+void KWFileCommands::fileNew()
+{
+    m_edit->clearUndoStates();
+    m_changedSinceBackup = false;
+    if (m_window->document()->isModified()) {
+        switch (askToSave()) {
+        case Save: {
+            const KWBusy busy;
+            // Whatever comes of it, the new plan follows.
+            fileSave();
+            break;
+        }
+        case DontSave:
+            break;
+        case Cancel:
+            return;
+        }
+    }
+    const KWBusy busy;
+    m_window->document()->clear();
+    m_window->setActiveView(nullptr);
+    updateMostRecentAction();
+}
+
+void KWFileCommands::fileOpen()
+{
+    if (m_window->document()->isModified()) {
+        const SaveAnswer answer = askToSave();
+        if (answer == Cancel)
+            return;
+        if (answer == Save) {
+            const KWBusy busy;
+            fileSave();
+        }
+    }
+    const QString filters =
+        tr("Ambrelune (*.%1);;Ambrelune backup (*.%2)").arg(planExtension(), backupExtension());
+    const QString path = prompts()
+                             .askFile(m_window->widget(), {KWFileQuestion::Open, tr("Open"),
+                                                           planDirPath(), filters, u"open plan"_s})
+                             .path;
+    if (path.isEmpty())
+        return;
+    m_planDir = QFileInfo(path).absoluteDir();
+    openPlan(path);
+}
+
+void KWFileCommands::openPlan(const QString &path)
+{
+    KWDocument *plan = m_window->document();
+    bool otherVersion = false;
+    int result = KWDocument::FileOk;
+    {
+        const KWBusy busy;
+        m_window->showStatusMessage(tr("Loading %1").arg(path));
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        KWView *floorPlan = m_panes->floorPlanView();
+        if (floorPlan)
+            floorPlan->beginUpdateBlock();
+        KWViewSettings settings;
+        result = plan->load(path, settings, otherVersion);
+        if (result == KWDocument::FileOk) {
+            m_panes->setViewSettings(settings);
+            plan->announceRefresh();
+            m_changedSinceBackup = false;
+            m_edit->clearUndoStates();
+            addToRecentFiles(path);
+        } else {
+            // Or saving would put the empty plan in the place of the file.
+            plan->setFileName(QString());
+            updateMostRecentAction();
+            reportLoadResult(result, path);
+        }
+        if (floorPlan)
+            floorPlan->endUpdateBlock();
+    }
+    if (result == KWDocument::FileOk && otherVersion)
+        warnOfOtherVersion();
+}
+
+void KWFileCommands::reportLoadResult(int result, const QString &path)
+{
+    if (result == KWDocument::FileNotAPlan)
+        errorBox(tr("File '%1' incorrectly formatted and cannot be read.").arg(path), tr("&OK"));
+    else
+        errorBox(tr("Unable to open file '%1'").arg(path), tr("&OK"));
+}
+
+void KWFileCommands::warnOfOtherVersion()
+{
+    const int answer =
+        warningBox(tr("This plan was created with a different version of the software.\n"
+                      "Some information may not be readable.\n"
+                      "Information may be lost if you overwrite the existing plan.\n"
+                      "It is recommended that you save it to a new plan file before continuing."),
+                   tr("&Save as"), tr("&Continue"));
+    if (answer == 0)
+        fileSaveAs();
+}
+
+void KWFileCommands::fileOpenRecent()
+{
+    KWRecentlyOpenedDlgImpl dialog(m_window->widget(), m_recentFiles, docPath(),
+                                   m_window->userSettings());
+    if (dialog.exec() == QDialog::Accepted)
+        openPlan(dialog.selectedFile());
+}
+
+void KWFileCommands::fileSave()
+{
+    if (docPath().isEmpty())
+        fileSaveAs();
+    else
+        savePlan(docPath());
+}
+
+void KWFileCommands::fileSaveAs()
+{
+    QString start = docPath();
+    if (start.isEmpty())
+        start = u"%1%2.%3"_s.arg(planDirPath(), u"plan"_s, planExtension());
+    QString path = QDir::toNativeSeparators(
+        prompts()
+            .askFile(m_window->widget(),
+                     {KWFileQuestion::Save, tr("Save As"), start,
+                      tr("Ambrelune (*.%1)").arg(planExtension()), u"save plan"_s})
+            .path);
+    if (path.isEmpty())
+        return;
+    // The whole path counts: a dot in the name of a directory is enough.
+    if (!path.contains(u'.'))
+        path = u"%1.%2"_s.arg(path, planExtension());
+    if (QFile::exists(path) &&
+        warningBox(tr("Do you wish to overwrite the existing file '%1'?").arg(path), tr("&OK"),
+                   tr("&Cancel")) != 0) {
+        return;
+    }
+    m_planDir = QFileInfo(path).absoluteDir();
+    savePlan(path);
+}
+
+void KWFileCommands::savePlan(const QString &path)
+{
+    const KWBusy busy;
+    m_window->showStatusMessage(tr("Saving %1").arg(path));
+    // A backup that failed was logged and does not keep the user from saving.
+    if (m_window->userSettings()->backupOnSave() && QFile::exists(path))
+        backupPlan(path);
+    m_changedSinceBackup = false;
+    if (m_window->document()->save(path, m_panes->viewSettings()) == KWDocument::FileOk) {
+        m_window->showStatusMessage(tr("Saved %1").arg(path));
+        addToRecentFiles(path);
+    } else {
+        errorBox(tr("Unable to save plan to '%1'\nThe file may be read-only or you may have "
+                    "insufficient access to save here.")
+                     .arg(path),
+                 tr("&OK"));
+    }
+}
+
+bool KWFileCommands::maySaveAndClose()
+{
+    if (!m_window->document()->isModified())
+        return true;
+    const SaveAnswer answer = askToSave();
+    if (answer == Save)
+        fileSave();
+    return answer != Cancel;
+}
+
+bool KWFileCommands::backupPlan(const QString &path)
+{
+    const QString time = m_clock().toString(Qt::ISODate).replace(u':', u'-');
+    const QFileInfo plan(path);
+    const QString target = QDir::toNativeSeparators(
+        u"%1/%2_%3.%4"_s.arg(plan.absolutePath(), plan.baseName(), time, backupExtension()));
+    const bool copied = copyFile(path, target);
+    m_changedSinceBackup = !copied;
+    if (!copied)
+        qWarning("backup %s to %s failed", qPrintable(path), qPrintable(target));
+    return copied;
+}
+
+bool KWFileCommands::copyFile(const QString &from, const QString &to)
+{
+    if (!QFileInfo::exists(from) || !QFileInfo(from).isReadable() || from == to)
+        return false;
+    const QDir targetDir = QFileInfo(to).absoluteDir();
+    if (!targetDir.exists() && !targetDir.mkpath(u"."_s))
+        return false;
+    QFile source(from);
+    QFile target(to);
+    if (!source.open(QIODevice::ReadOnly) ||
+        !target.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    constexpr qint64 blockSize = 512;
+    QByteArray block;
+    do {
+        block = source.read(blockSize);
+        target.write(block);
+    } while (block.size() == blockSize);
+    return true;
+}
+
+void KWFileCommands::autoSave()
+{
+    if (m_window->document()->isEmpty() || docPath().isEmpty() || !m_changedSinceBackup)
+        return;
+    if (backupPlan(docPath()))
+        m_window->showStatusMessage(tr("Auto-save %1").arg(QFileInfo(docPath()).fileName()));
+}
+
+void KWFileCommands::setupAutoSave(bool on, int minutes)
+{
+    constexpr int minute = 60000;
+    if (!m_autoSaveTimer) {
+        m_autoSaveTimer = new KWTimer(m_window->widget(), u"auto save timer"_s, m_clock);
+        connect(m_autoSaveTimer, &KWTimer::timeout, this, &KWFileCommands::autoSave);
+    }
+    if (on && !m_autoSaveTimer->isActive())
+        m_autoSaveTimer->start(minutes * minute, false);
+    if (!on && m_autoSaveTimer->isActive())
+        m_autoSaveTimer->stop();
+    if (m_autoSaveTimer->interval() / minute != minutes)
+        m_autoSaveTimer->changeInterval(minutes * minute);
+}
+
+void KWFileCommands::loadRecentFiles()
+{
+    m_recentFiles = m_window->userSettings()->mostRecentFiles().mid(0, recentFileLimit);
+    updateMostRecentAction();
+}
+
+void KWFileCommands::addToRecentFiles(const QString &path)
+{
+    if (QFileInfo(path).completeSuffix().toLower() == backupExtension())
+        return;
+    const QString added = absolutePath(path);
+    m_recentFiles.removeIf([&added](const QString &file) { return absolutePath(file) == added; });
+    while (m_recentFiles.size() >= recentFileLimit)
+        m_recentFiles.removeLast();
+    m_recentFiles.prepend(added);
+    m_window->userSettings()->setMostRecentFiles(m_recentFiles);
+    updateMostRecentAction();
+}
+
+void KWFileCommands::updateMostRecentAction()
+{
+    const QString open = docPath().isEmpty() ? QString() : absolutePath(docPath());
+    m_ui->m_openRecentAction->setEnabled(
+        std::any_of(m_recentFiles.cbegin(), m_recentFiles.cend(),
+                    [&open](const QString &file) { return absolutePath(file) != open; }));
+}
+
+void KWFileCommands::fileInformation()
+{
+    KWInfoDlgImpl(m_window->widget(), m_window->document()).exec();
+}
+
+void KWFileCommands::preferences()
+{
+    KWUserSettings *settings = m_window->userSettings();
+    KWPreferencesDlgImpl dialog(m_window->widget(), settings);
+    if (dialog.exec() == QDialog::Accepted)
+        setupAutoSave(settings->backupAutoOn(), settings->backupAutoInterval());
+}

@@ -1,0 +1,6 @@
+#include "kwlefttab.h"
+
+KWLeftTab::KWLeftTab(QWidget *parent, KWDocument *)
+    : KWCloseableTabWidget(parent, QStringLiteral("KWLeftTab"))
+{
+}

@@ -1,0 +1,271 @@
+#include "kwmainwinimpl.h"
+
+#include "kwaccel.h"
+#include "kwbottomtab.h"
+#include "kwbusy.h"
+#include "kweditcommands.h"
+#include "kwfilecommands.h"
+#include "kwgettingstarteddlgimpl.h"
+#include "kwhelpcommands.h"
+#include "kwlefttab.h"
+#include "kwmessages.h"
+#include "kwmodelhooks.h"
+#include "kwpanes.h"
+#include "kwpixmaps.h"
+#include "kwprogress.h"
+#include "kwsplashscreen.h"
+#include "kwstatusbar.h"
+#include "kwtooltips.h"
+#include "kwtoptab.h"
+#include "kwusersettings.h"
+#include "kwview.h"
+#include "kwviewcommands.h"
+#include "kwwhatsthishelper.h"
+#include "ui_kwmainwin.h"
+
+#include <QCloseEvent>
+#include <QPrinter>
+#include <QTimer>
+
+namespace {
+constexpr int messageTime = 2000;
+constexpr int splashTime = 1000;
+} // namespace
+
+KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
+    : QMainWindow(parent)
+    , m_ui(std::make_unique<Ui::KWMainWin>())
+{
+    m_ui->setupUi(this);
+    setObjectName(QStringLiteral("main window"));
+    m_ui->m_exportMenu->setIcon(m_ui->m_exportAction->icon());
+    disableUnbuiltCommands();
+    connect(&m_document, &KWDocument::eventDocumentNameChange, this, &KWMainWinImpl::updateCaption);
+    connect(&m_document, &KWDocument::error, this, &KWMainWinImpl::handleDocError);
+    connect(&m_document, qOverload<>(&KWDocument::eventScoreChange), this,
+            &KWMainWinImpl::updateScore);
+    m_userSettings = std::make_unique<KWUserSettings>();
+    setToolTipsEnabled(m_userSettings->miscShowToolTips());
+    m_printer = std::make_unique<QPrinter>(QPrinter::ScreenResolution);
+    setModelHooks();
+
+    m_panes = new KWPanes(this);
+    m_viewCommands = new KWViewCommands(this, m_ui.get(), &m_document, m_panes);
+    m_editCommands = new KWEditCommands(this, m_ui.get(), this, m_panes);
+    m_fileCommands = new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, clock);
+    m_helpCommands = new KWHelpCommands(this, m_ui.get(), this);
+    connect(m_ui->m_fileExitAction, &QAction::triggered, this, &QWidget::close);
+}
+
+KWMainWinImpl::~KWMainWinImpl()
+{
+    modelHooks() = {};
+    // The views look into the plan, which would go before them.
+    delete takeCentralWidget();
+}
+
+void KWMainWinImpl::initialise(KWSplashScreen *splash, const QStringList &arguments)
+{
+    m_fileCommands->loadRecentFiles();
+    m_panes->create(this, &m_document);
+    connectPanes();
+    makeToolBars();
+    delete statusBar();
+    m_statusBar = new KWStatusBar(this);
+    setStatusBar(m_statusBar);
+    connect(&m_document, &KWDocument::eventModified, this, &KWMainWinImpl::updateChangedDoc);
+    updateChangedDoc();
+    m_fileCommands->setChangedSinceBackup(false);
+    resize(QSize(725, 519).expandedTo(minimumSizeHint()));
+    show();
+    raise();
+    if (splash)
+        QTimer::singleShot(splashTime, splash, &QWidget::close);
+    updateCaption(QString());
+    if (arguments.size() > 1)
+        m_fileCommands->openPlan(arguments.at(1));
+    // Not before the plan is open, or it would be backed up at once.
+    m_fileCommands->setupAutoSave(m_userSettings->backupAutoOn(),
+                                  m_userSettings->backupAutoInterval());
+    if (m_userSettings->appearanceMaximised())
+        showMaximized();
+    showStartDialogs();
+    makeHiddenShortcuts();
+    new KWWhatsThisHelper(this);
+}
+
+void KWMainWinImpl::setModelHooks()
+{
+    KWModelHooks &hooks = modelHooks();
+    hooks.progress = [](int done, int total) { ::setProgress(done, total); };
+    hooks.progressFinished = [] { ::setProgress(100); };
+    hooks.selectionColour = [] { return QApplication::palette().color(QPalette::Highlight); };
+    hooks.printFooter = [this] { return m_userSettings->value("misc/print_footer").toString(); };
+}
+
+void KWMainWinImpl::disableUnbuiltCommands()
+{
+    for (QAction *action :
+         {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction, m_ui->m_exportDataAction,
+          m_ui->m_exportFloorPlanAction, m_ui->m_exportTableChartAction,
+          m_ui->m_exportGuestChartAction, m_ui->m_showGuestInPlanAction,
+          m_ui->m_insertNewGuestAction, m_ui->m_insertNewGuestCoupleAction,
+          m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction,
+          m_ui->m_insertNewCircluarTableAction, m_ui->m_insertNewRectTableAction,
+          m_ui->m_insertNewHeadTableAction, m_ui->m_insertNewCustomTableAction})
+        action->setEnabled(false);
+}
+
+void KWMainWinImpl::connectPanes()
+{
+    connect(m_panes->leftTab(), &KWCloseableTabWidget::visibilityChange, m_ui->m_viewLeftPaneAction,
+            &QAction::setChecked);
+    connect(m_panes->topTab(), &KWCloseableTabWidget::visibilityChange, m_ui->m_viewTopPaneAction,
+            &QAction::setChecked);
+    connect(m_panes->bottomTab(), &KWCloseableTabWidget::visibilityChange,
+            m_ui->m_viewBottomPaneAction, &QAction::setChecked);
+    for (KWCloseableTabWidget *tab : {static_cast<KWCloseableTabWidget *>(m_panes->topTab()),
+                                      static_cast<KWCloseableTabWidget *>(m_panes->leftTab())}) {
+        connect(tab, &QTabWidget::currentChanged, this,
+                [this, tab](int index) { updateActionsOnPaneViewChange(tab->widget(index)); });
+    }
+}
+
+void KWMainWinImpl::makeToolBars()
+{
+    const KWPixmaps &pixmaps = KWPixmaps::instance();
+    m_ui->m_viewLeftPaneAction->setIcon(pixmaps.leftPane());
+    m_ui->m_viewTopPaneAction->setIcon(pixmaps.topPane());
+    m_ui->m_viewBottomPaneAction->setIcon(pixmaps.bottomPane());
+    m_ui->m_helpWhatsThisAction->setIcon(pixmaps.whatsThis());
+    m_ui->m_helpContextSensitiveAction->setShortcut(QStringLiteral("F1"));
+    m_ui->m_helpWhatsThisAction->setShortcut(QStringLiteral("Shift+F1"));
+}
+
+void KWMainWinImpl::makeHiddenShortcuts()
+{
+    addAccel(this, Qt::CTRL | Qt::Key_F12, m_helpCommands, &KWHelpCommands::creditsDlg);
+    addAccel(this, Qt::Key_F12, m_helpCommands, &KWHelpCommands::creditsDlg);
+    addAccel(this, Qt::Key_F5, m_viewCommands, &KWViewCommands::refreshAll);
+}
+
+void KWMainWinImpl::showStartDialogs()
+{
+    if (m_userSettings->helpShowGettingStarted()) {
+        const KWArrowCursor arrow;
+        KWGettingStartedDlgImpl(this, m_userSettings.get()).exec();
+    }
+    if (m_userSettings->mostRecentShowAtStart() && !m_fileCommands->recentFiles().isEmpty() &&
+        m_fileCommands->docPath().isEmpty())
+        m_fileCommands->fileOpenRecent();
+}
+
+void KWMainWinImpl::saveUndoState(const QString &label)
+{
+    m_editCommands->saveUndoState(label);
+}
+
+void KWMainWinImpl::setActiveView(KWView *view)
+{
+    m_viewCommands->setActiveView(view, m_statusBar);
+}
+
+KWView *KWMainWinImpl::activeView() const
+{
+    return m_viewCommands->activeView();
+}
+
+void KWMainWinImpl::showStatusMessage(const QString &text)
+{
+    m_statusBar->showMessage(text, messageTime);
+}
+
+void KWMainWinImpl::setProgress(int percent)
+{
+    if (m_statusBar)
+        m_statusBar->setProgress(percent);
+}
+
+void KWMainWinImpl::updateCaption(const QString &docPath)
+{
+    const QString file = docPath.isEmpty() ? tr("<unsaved>") : QFileInfo(docPath).fileName();
+    setWindowTitle(productName() + QStringLiteral(" - ") + file);
+}
+
+void KWMainWinImpl::updateActionsOnPaneViewChange(QWidget *page)
+{
+    setActiveView(m_panes->viewOn(page));
+    updatePrintAction();
+    updateCopyAction();
+}
+
+void KWMainWinImpl::updateActionsOnViewChange()
+{
+    m_viewCommands->updateActionsOnViewChange();
+}
+
+void KWMainWinImpl::updatePrintAction()
+{
+    m_viewCommands->updatePrintAction();
+}
+
+void KWMainWinImpl::updateCopyAction()
+{
+    m_viewCommands->updateCopyAction();
+}
+
+void KWMainWinImpl::updateChangedDoc()
+{
+    m_fileCommands->setChangedSinceBackup(true);
+    updateScore();
+    updatePrintAction();
+    updateCopyAction();
+}
+
+void KWMainWinImpl::updateScore()
+{
+    if (m_statusBar)
+        m_statusBar->setCounts(m_document.guestCount(), m_document.seatCount(),
+                               m_document.totalScore());
+}
+
+void KWMainWinImpl::handleDocError(const QString &err)
+{
+    errorBox(err, tr("&OK"));
+}
+
+void KWMainWinImpl::languageChange()
+{
+    m_ui->retranslateUi(this);
+    m_editCommands->updateUndoActions();
+    updateScore();
+    updatePrintAction();
+    updateCopyAction();
+    updateCaption(m_document.fileName());
+}
+
+void KWMainWinImpl::fileExit()
+{
+    qWarning("KWMainWin::fileExit(): Not implemented yet");
+}
+
+void KWMainWinImpl::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_fileCommands->maySaveAndClose());
+    m_userSettings->setAppearanceMaximised(isMaximized());
+}
+
+void KWMainWinImpl::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
+}
+
+bool KWMainWinImpl::focusNextPrevChild(bool next)
+{
+    const bool moved = QMainWindow::focusNextPrevChild(next);
+    if (auto *view = dynamic_cast<KWView *>(focusWidget()))
+        setActiveView(view);
+    return moved;
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "kwdocument.h"
+#include "kwmainwindow.h"
+
+#include <QDateTime>
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class KWEditCommands;
+class KWFileCommands;
+class KWHelpCommands;
+class KWPanes;
+class KWSplashScreen;
+class KWStatusBar;
+class KWUserSettings;
+class KWViewCommands;
+class QPrinter;
+
+namespace Ui {
+class KWMainWin;
+}
+
+/// The main window: owns the live plan, the panes, the settings, the printer and the commands, and
+/// joins them. The commands themselves are in classes by topic.
+class KWMainWinImpl : public QMainWindow, public KWMainWindow
+{
+    Q_OBJECT
+
+public:
+    using Clock = std::function<QDateTime()>;
+
+    /// Makes nothing that can be seen; initialise() does. `clock` tells the present moment.
+    explicit KWMainWinImpl(QWidget *parent = nullptr,
+                           const Clock &clock = QDateTime::currentDateTime);
+    ~KWMainWinImpl() override;
+
+    /// Makes the panes and shows the window, opens the plan named by the second of `arguments`, if
+    /// any, and starts the timed backups; then the dialogs of the start. To be called once. Closes
+    /// `splash`, which may be null, a second after the window was shown.
+    void initialise(KWSplashScreen *splash, const QStringList &arguments);
+
+    QWidget *widget() override { return this; }
+    KWDocument *document() override { return &m_document; }
+    KWUserSettings *userSettings() override { return m_userSettings.get(); }
+    QPrinter *printer() override { return m_printer.get(); }
+    void saveUndoState(const QString &label) override;
+    void setActiveView(KWView *view) override;
+    KWView *activeView() const override;
+    void showStatusMessage(const QString &text) override;
+    void setProgress(int percent) override;
+
+    KWFileCommands *fileCommands() const { return m_fileCommands; }
+    KWPanes *panes() const { return m_panes; }
+
+public slots:
+    /// An empty path stands for a plan without a file.
+    void updateCaption(const QString &docPath);
+    void updateActionsOnPaneViewChange(QWidget *page);
+    void updateActionsOnViewChange() override;
+    void updatePrintAction() override;
+    void updateCopyAction() override;
+    void updateChangedDoc();
+    void updateScore();
+    void handleDocError(const QString &err);
+    void languageChange();
+    /// Leaving is what close() does; nothing calls this.
+    void fileExit();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void setModelHooks();
+    void disableUnbuiltCommands();
+    void connectPanes();
+    void makeToolBars();
+    void makeHiddenShortcuts();
+    void showStartDialogs();
+
+    std::unique_ptr<Ui::KWMainWin> m_ui;
+    KWDocument m_document;
+    std::unique_ptr<KWUserSettings> m_userSettings;
+    std::unique_ptr<QPrinter> m_printer;
+    KWStatusBar *m_statusBar = nullptr;
+    KWPanes *m_panes;
+    KWViewCommands *m_viewCommands;
+    KWEditCommands *m_editCommands;
+    KWFileCommands *m_fileCommands;
+    KWHelpCommands *m_helpCommands;
+};

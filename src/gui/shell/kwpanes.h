@@ -1,0 +1,48 @@
+#pragma once
+
+#include "kwviewsettings.h"
+
+#include <QObject>
+
+class KWBottomTab;
+class KWDocument;
+class KWLeftTab;
+class KWTopTab;
+class KWView;
+class QMainWindow;
+
+/// The three panes round the main window's centre and the views in them. The widgets belong to
+/// the window; until create() there are none.
+class KWPanes : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    void create(QMainWindow *window, KWDocument *document);
+
+    KWLeftTab *leftTab() const { return m_leftTab; }
+    KWTopTab *topTab() const { return m_topTab; }
+    KWBottomTab *bottomTab() const { return m_bottomTab; }
+
+    /// The view on a page of the left or the top pane; null for any other page.
+    KWView *viewOn(QWidget *page) const;
+    /// The current view of the top pane, which is what is printed and copied; null if there is
+    /// none.
+    KWView *topView() const;
+    KWView *floorPlanView() const;
+    /// The views that a deletion changes, in the order in which it holds back their painting.
+    QList<KWView *> viewsToBlock() const;
+
+    /// How the panes show the plan, to be saved with it.
+    KWViewSettings viewSettings() const { return m_viewSettings; }
+    /// What came with a plan that was opened.
+    void setViewSettings(const KWViewSettings &settings) { m_viewSettings = settings; }
+
+private:
+    KWLeftTab *m_leftTab = nullptr;
+    KWTopTab *m_topTab = nullptr;
+    KWBottomTab *m_bottomTab = nullptr;
+    KWViewSettings m_viewSettings;
+};

@@ -1,0 +1,6 @@
+#include "kwtoptab.h"
+
+KWTopTab::KWTopTab(QWidget *parent, KWDocument *)
+    : KWCloseableTabWidget(parent, QStringLiteral("KWTopTab"))
+{
+}

@@ -1,0 +1,126 @@
+#include "kwviewcommands.h"
+
+#include "kwbottomtab.h"
+#include "kwbusy.h"
+#include "kwdocument.h"
+#include "kwlefttab.h"
+#include "kwpanes.h"
+#include "kwstatusbar.h"
+#include "kwtoptab.h"
+#include "kwview.h"
+#include "ui_kwmainwin.h"
+
+namespace {
+
+/// The icon of a view's widget for the status bar; null if it has none of its own.
+QPixmap iconOf(KWView *view)
+{
+    const auto *widget = dynamic_cast<QWidget *>(view);
+    // A widget without an icon reports its window's.
+    if (!widget || !widget->testAttribute(Qt::WA_SetWindowIcon))
+        return {};
+    return widget->windowIcon().pixmap(QSize(16, 16), widget->devicePixelRatio());
+}
+
+/// Changes what an action shows without running its command.
+void showChecked(QAction *action, bool checked)
+{
+    const QSignalBlocker blocker(action);
+    action->setChecked(checked);
+}
+
+QString nameOf(KWView *view)
+{
+    const auto *widget = dynamic_cast<QWidget *>(view);
+    return widget ? widget->objectName() : QString();
+}
+} // namespace
+
+KWViewCommands::KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *document,
+                               KWPanes *panes)
+    : QObject(parent)
+    , m_ui(ui)
+    , m_document(document)
+    , m_panes(panes)
+{
+    connect(ui->m_viewLeftPaneAction, &QAction::toggled, this, &KWViewCommands::showLeftPane);
+    connect(ui->m_viewTopPaneAction, &QAction::toggled, this, &KWViewCommands::showTopPane);
+    connect(ui->m_viewBottomPaneAction, &QAction::toggled, this, &KWViewCommands::showBottomPane);
+    connect(ui->m_filePrintAction, &QAction::triggered, this, &KWViewCommands::filePrint);
+    connect(ui->m_editCopyAction, &QAction::triggered, this, &KWViewCommands::editCopyToClipboard);
+}
+
+void KWViewCommands::setActiveView(KWView *view, KWStatusBar *statusBar)
+{
+    if (view != m_activeView) {
+        m_activeView = view;
+        if (statusBar)
+            statusBar->setViewIcon(iconOf(view));
+    }
+    updateActionsOnViewChange();
+}
+
+void KWViewCommands::updateActionsOnViewChange()
+{
+    KWView *view = m_activeView;
+    m_ui->m_editRotateTableAction->setEnabled(view && view->canRotate());
+    m_ui->m_editDeleteAction->setEnabled(view && view->canDelete());
+    m_ui->m_editPropertiesAction->setEnabled(view && view->canEditProperties());
+    m_ui->m_editUnassignSeatAction->setEnabled(view && view->canUnassign());
+    m_ui->m_editLockAction->setEnabled(view && view->canSetLocked());
+    showChecked(m_ui->m_editLockAction, view && view->isLocked());
+    m_ui->m_editAcceptedAction->setEnabled(view && view->canSetAccepted());
+    showChecked(m_ui->m_editAcceptedAction, view && view->hasAccepted());
+    const bool proximity = view && view->canSetAffinity();
+    m_ui->m_editSetAffinityActionGroup->setEnabled(proximity);
+    m_ui->m_proximityMenu->setEnabled(proximity);
+}
+
+void KWViewCommands::updatePrintAction()
+{
+    KWView *view = m_panes->topView();
+    const bool can = view && view->canPrint();
+    m_ui->m_filePrintAction->setText(can ? tr("Print %1...").arg(nameOf(view)) : tr("Print..."));
+    m_ui->m_filePrintAction->setEnabled(can && !m_document->isEmpty());
+}
+
+void KWViewCommands::updateCopyAction()
+{
+    KWView *view = m_panes->topView();
+    const bool can = view && view->canCopy();
+    m_ui->m_editCopyAction->setText(can ? tr("Copy %1").arg(nameOf(view)) : tr("Copy"));
+    m_ui->m_editCopyAction->setEnabled(can && !m_document->isEmpty());
+}
+
+void KWViewCommands::showLeftPane(bool on)
+{
+    m_panes->leftTab()->setVisible(on);
+}
+
+void KWViewCommands::showTopPane(bool on)
+{
+    m_panes->topTab()->setVisible(on);
+}
+
+void KWViewCommands::showBottomPane(bool on)
+{
+    m_panes->bottomTab()->setVisible(on);
+}
+
+void KWViewCommands::filePrint()
+{
+    if (KWView *view = m_panes->topView())
+        view->print();
+}
+
+void KWViewCommands::editCopyToClipboard()
+{
+    const KWBusy busy;
+    if (KWView *view = m_panes->topView())
+        view->copy();
+}
+
+void KWViewCommands::refreshAll()
+{
+    m_document->announceRefresh();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QObject>
+
+class KWDocument;
+class KWPanes;
+class KWStatusBar;
+class KWView;
+
+namespace Ui {
+class KWMainWin;
+}
+
+/// Which view is active, which commands it can take, and the commands that show and hide panes.
+class KWViewCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// None of the arguments is owned.
+    KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *document, KWPanes *panes);
+
+    KWView *activeView() const { return m_activeView; }
+    /// `statusBar` may be null while there is none.
+    void setActiveView(KWView *view, KWStatusBar *statusBar);
+
+public slots:
+    void updateActionsOnViewChange();
+    void updatePrintAction();
+    void updateCopyAction();
+    void showLeftPane(bool on);
+    void showTopPane(bool on);
+    void showBottomPane(bool on);
+    /// Prints what the top pane shows.
+    void filePrint();
+    /// Copies what the top pane shows.
+    void editCopyToClipboard();
+    /// Makes every view build itself anew.
+    void refreshAll();
+
+private:
+    Ui::KWMainWin *m_ui;
+    KWDocument *m_document;
+    KWPanes *m_panes;
+    KWView *m_activeView = nullptr;
+};

@@ -1,0 +1,274 @@
+#include "fakeview.h"
+#include "kwbottomtab.h"
+#include "kwlefttab.h"
+#include "kwstatusbar.h"
+#include "kwtoptab.h"
+#include "kwviewandfilter.h"
+#include "openwindow.h"
+#include "testplan.h"
+
+#include <QProgressBar>
+#include <QSplitter>
+#include <QToolButton>
+
+namespace {
+
+class FakeFilter : public QWidget
+{
+public:
+    FakeFilter(QWidget *parent, QWidget *view)
+        : QWidget(parent)
+        , m_view(view)
+    {
+    }
+    void setView(QWidget *view) { m_view = view; }
+    QWidget *view() const { return m_view; }
+
+private:
+    QWidget *m_view;
+};
+
+/// A view as a pair makes it.
+class PairedView : public FakeView
+{
+public:
+    PairedView(QWidget *parent, KWDocument *document)
+        : FakeView(document)
+    {
+        setParent(parent);
+    }
+};
+
+using Pair = KWViewAndFilter<PairedView, FakeFilter>;
+
+QPixmap blueSquare()
+{
+    QPixmap icon(16, 16);
+    icon.fill(Qt::blue);
+    return icon;
+}
+
+const QLabel *viewIcon(const OpenWindow &open)
+{
+    for (const QLabel *label : open.window.findChild<KWStatusBar *>()->findChildren<QLabel *>()) {
+        if (label->text().isEmpty())
+            return label;
+    }
+    return nullptr;
+}
+} // namespace
+
+class TestPanes : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { OpenWindow::quietSettings(); }
+
+    void theWindowHasAPaneToTheLeftAndTwoOneAboveTheOther()
+    {
+        OpenWindow open;
+        auto *outer = qobject_cast<QSplitter *>(open.window.centralWidget());
+        QVERIFY(outer);
+        QCOMPARE(outer->orientation(), Qt::Horizontal);
+        QVERIFY(!outer->childrenCollapsible());
+        QCOMPARE(outer->widget(0)->objectName(), s("KWLeftTab"));
+        auto *inner = qobject_cast<QSplitter *>(outer->widget(1));
+        QVERIFY(inner);
+        QCOMPARE(inner->orientation(), Qt::Vertical);
+        QVERIFY(!inner->childrenCollapsible());
+        QCOMPARE(inner->widget(0)->objectName(), s("KWTopTab"));
+        QCOMPARE(inner->widget(1)->objectName(), s("KWBottomTab"));
+        const QList<int> sizes = inner->sizes();
+        QVERIFY2(qAbs(2 * sizes[0] - 3 * sizes[1]) <= 5,
+                 qPrintable(s("%1 and %2").arg(sizes[0]).arg(sizes[1])));
+    }
+
+    void noOneShowsTheTrace()
+    {
+        OpenWindow open;
+        QVERIFY(!open.window.panes()->topTab()->debugView());
+    }
+
+    void thePairHasItsFilterAboveTheViewWhichTakesAllTheHeight()
+    {
+        KWDocument plan;
+        Pair pair(nullptr, &plan, false);
+        QCOMPARE(pair.filter()->view(), pair.view());
+        const QLayout *box = pair.layout();
+        QCOMPARE(box->itemAt(0)->widget(), pair.filter());
+        QCOMPARE(box->itemAt(1)->widget(), pair.view());
+        QCOMPARE(pair.view()->sizePolicy().verticalStretch(), 1);
+        QCOMPARE(pair.filter()->sizePolicy().verticalStretch(), 0);
+        QCOMPARE(pair.view()->document(), &plan);
+    }
+
+    void aPairMayHaveItsViewFirst()
+    {
+        KWDocument plan;
+        Pair pair(nullptr, &plan, true);
+        QCOMPARE(pair.filter()->view(), pair.view());
+        QCOMPARE(pair.layout()->itemAt(0)->widget(), pair.view());
+        QCOMPARE(pair.view()->sizePolicy().verticalStretch(), 1);
+        QCOMPARE(pair.filter()->sizePolicy().verticalStretch(), 0);
+    }
+
+    void thePageOfAPairGivesItsView()
+    {
+        OpenWindow open;
+        KWLeftTab *tab = open.window.panes()->leftTab();
+        QVERIFY(!tab->currentView());
+        auto *pair = new Pair(tab, open.window.document(), false);
+        tab->addPage(pair, blueSquare(), s("Guests"), s("Guests"));
+        QCOMPARE(tab->currentView(), pair->view());
+        QCOMPARE(tab->viewNamed(u"Guests"), pair->view());
+        QVERIFY(!tab->viewNamed(u"Groups"));
+        QVERIFY(!tab->tabIcon(0).isNull());
+        auto *other = new QWidget;
+        tab->addTab(other, s("Other"));
+        QVERIFY(!KWCloseableTabWidget::viewOn(other));
+    }
+
+    void theCloseButtonHidesThePaneAndClearsItsAction_data()
+    {
+        QTest::addColumn<QByteArray>("tab");
+        QTest::addColumn<QByteArray>("action");
+        QTest::newRow("left") << QByteArray("KWLeftTab") << QByteArray("m_viewLeftPaneAction");
+        QTest::newRow("top") << QByteArray("KWTopTab") << QByteArray("m_viewTopPaneAction");
+        QTest::newRow("bottom") << QByteArray("KWBottomTab")
+                                << QByteArray("m_viewBottomPaneAction");
+    }
+
+    void theCloseButtonHidesThePaneAndClearsItsAction()
+    {
+        QFETCH(QByteArray, tab);
+        QFETCH(QByteArray, action);
+        OpenWindow open;
+        auto *pane = open.window.findChild<KWCloseableTabWidget *>(s(tab));
+        open.addView(pane, s("One"));
+        auto *second = open.addView(pane, s("Two"));
+        pane->setCurrentWidget(second);
+        auto *button = qobject_cast<QToolButton *>(pane->cornerWidget(Qt::TopRightCorner));
+        QVERIFY(button->autoRaise());
+        QVERIFY(!button->icon().isNull());
+        QCOMPARE(button->whatsThis(),
+                 s("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>Use the "
+                   "<b>View</b> menu to show it again."));
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(!pane->isVisible());
+        QVERIFY(!open.action(action)->isChecked());
+        open.run(action);
+        QVERIFY(pane->isVisible());
+        QVERIFY(open.action(action)->isChecked());
+        QCOMPARE(pane->currentWidget(), second);
+        open.run(action);
+        QVERIFY(!pane->isVisible());
+    }
+
+    void minimisingTheWindowDoesNotTouchTheActions()
+    {
+        OpenWindow open;
+        KWLeftTab *tab = open.window.panes()->leftTab();
+        QSignalSpy spy(tab, &KWCloseableTabWidget::visibilityChange);
+        // What the window system sends to every widget of a window that it minimises.
+        QHideEvent hidden;
+        QSpontaneKeyEvent::setSpontaneous(&hidden);
+        QVERIFY(qApp->notify(tab, &hidden));
+        QCOMPARE(spy.size(), 0);
+        open.window.showMinimized();
+        open.window.showNormal();
+        QVERIFY(open.action("m_viewLeftPaneAction")->isChecked());
+        QVERIFY(open.action("m_viewTopPaneAction")->isChecked());
+        QVERIFY(open.action("m_viewBottomPaneAction")->isChecked());
+        QVERIFY(tab->isVisible());
+    }
+
+    void theActiveViewShowsItsIconOnTheStatusBar()
+    {
+        OpenWindow open;
+        const QLabel *icon = viewIcon(open);
+        QVERIFY(!icon->isVisible());
+        FakeView *view = open.addView(open.window.panes()->leftTab(), s("Guests"));
+        open.window.setActiveView(view);
+        QVERIFY(icon->isVisible());
+        QCOMPARE(icon->pixmap().toImage().pixelColor(8, 8), QColor(Qt::blue));
+        FakeView bare(open.window.document(), s("bare"));
+        open.window.setActiveView(&bare);
+        QVERIFY(!icon->isVisible());
+        open.window.setActiveView(view);
+        open.window.setActiveView(nullptr);
+        QVERIFY(!icon->isVisible());
+    }
+
+    void anotherTabMakesItsViewActive()
+    {
+        OpenWindow open;
+        KWPanes *panes = open.window.panes();
+        FakeView *guests = open.addView(panes->leftTab(), s("Guests"));
+        FakeView *groups = open.addView(panes->leftTab(), s("Groups"));
+        FakeView *plan = open.addView(panes->topTab(), s("Floor plan"));
+        panes->leftTab()->setCurrentWidget(groups);
+        QCOMPARE(open.window.activeView(), groups);
+        panes->leftTab()->setCurrentWidget(guests);
+        QCOMPARE(open.window.activeView(), guests);
+        open.window.updateActionsOnPaneViewChange(plan);
+        QCOMPARE(open.window.activeView(), plan);
+    }
+
+    void aPageOfNeitherPaneGivesNoActiveView()
+    {
+        OpenWindow open;
+        FakeView *proximity = open.addView(open.window.panes()->bottomTab(), s("Proximity"));
+        FakeView *guests = open.addView(open.window.panes()->leftTab(), s("Guests"));
+        open.window.setActiveView(guests);
+        open.window.updateActionsOnPaneViewChange(proximity);
+        QVERIFY(!open.window.activeView());
+        open.window.updateActionsOnPaneViewChange(nullptr);
+        QVERIFY(!open.window.activeView());
+    }
+
+    void theTabKeyMakesTheViewThatItReachesActive()
+    {
+        OpenWindow open;
+        FakeView *first = open.addView(open.window.panes()->leftTab(), s("Guests"));
+        FakeView *second = open.addView(open.window.panes()->topTab(), s("Floor plan"));
+        open.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&open.window));
+        first->setFocus();
+        open.window.setActiveView(nullptr);
+        for (int i = 0; i < 10 && QApplication::focusWidget() != second; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), second);
+        QCOMPARE(open.window.activeView(), second);
+    }
+
+    void theStatusBarIsAsDescribed()
+    {
+        OpenWindow open;
+        auto *bar = open.window.findChild<KWStatusBar *>(s("KWStatusBar"));
+        QVERIFY(bar);
+        QCOMPARE(open.window.statusBar(), bar);
+        QVERIFY(!bar->isSizeGripEnabled());
+        QCOMPARE(bar->whatsThis(), s("<b>Status bar</b><br/>Display status information. "));
+        auto *progress = bar->findChild<QProgressBar *>();
+        QCOMPARE(progress->maximumWidth(), 200);
+        QVERIFY(!progress->isTextVisible());
+        QVERIFY(!progress->isVisible());
+        open.window.setProgress(40);
+        QVERIFY(progress->isVisible());
+        QCOMPARE(progress->value(), 40);
+        open.window.setProgress(100);
+        QVERIFY(!progress->isVisible());
+    }
+
+    void aStatusMessageStaysForTwoSeconds()
+    {
+        OpenWindow open;
+        open.window.showStatusMessage(s("Auto layout"));
+        QCOMPARE(open.window.statusBar()->currentMessage(), s("Auto layout"));
+        QTRY_VERIFY_WITH_TIMEOUT(open.window.statusBar()->currentMessage().isEmpty(), 4000);
+    }
+};
+
+GUI_TEST_MAIN(TestPanes)
+#include "tst_panes.moc"

@@ -1,0 +1,183 @@
+#include "eventlog.h"
+#include "fakeview.h"
+#include "kwlefttab.h"
+#include "openwindow.h"
+#include "testplan.h"
+
+namespace {
+
+/// The plan's file as it would be saved: equal texts are equal plans.
+QByteArray text(const KWDocument &plan)
+{
+    return plan.toPlanText({});
+}
+
+/// Ann and Bob, who love each other, at a table for four, and Cid standing.
+void fill(KWDocument &plan)
+{
+    KWGuest *ann = addGuest(plan, {"Ann", KWGuest::Female});
+    KWGuest *bob = addGuest(plan, {"Bob", KWGuest::Male});
+    addGuest(plan, {"Cid", KWGuest::Male});
+    KWTable *table = addTable(plan, "T", KWTable::Circular, 4);
+    plan.assignGuest(ann, table, 0, true);
+    plan.assignGuest(bob, table, 1, true);
+    plan.setAffinity(ann, bob, KWScore::Loves, true);
+}
+
+QString menuTexts(const OpenWindow &open)
+{
+    const auto one = [](const QAction *action) {
+        return action->text() + (action->isEnabled() ? s(" on") : s(" off"));
+    };
+    return one(open.action("m_editUndoAction")) + s(", ") + one(open.action("m_editRedoAction"));
+}
+} // namespace
+
+class TestUndo : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { OpenWindow::quietSettings(); }
+
+    void atFirstThereIsNothingToUndoOrRedo()
+    {
+        OpenWindow open;
+        QCOMPARE(menuTexts(open), s("&Undo off, &Redo off"));
+    }
+
+    void undoAndRedoShowTheSameWordsAndOnlyInTheMenu()
+    {
+        OpenWindow open;
+        open.window.saveUndoState(s("Unassign"));
+        QCOMPARE(menuTexts(open), s("&Undo Unassign on, &Redo off"));
+        open.run("m_editUndoAction");
+        QCOMPARE(menuTexts(open), s("&Undo off, &Redo Unassign on"));
+        open.run("m_editRedoAction");
+        QCOMPARE(menuTexts(open), s("&Undo Unassign on, &Redo off"));
+        QCOMPARE(open.action("m_editUndoAction")->iconText(), s("Undo"));
+        QCOMPARE(open.action("m_editUndoAction")->toolTip(), s("Undo last action"));
+        QCOMPARE(open.action("m_editRedoAction")->iconText(), s("Redo"));
+        QCOMPARE(open.action("m_editRedoAction")->toolTip(), s("Redo last action"));
+    }
+
+    void undoRedoUndoGivesThePlanOfTheOneUndo()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        const QByteArray before = text(open.plan());
+        open.window.saveUndoState(s("Delete"));
+        open.plan().deleteGuest(open.plan().guestAt(1), true);
+        const QByteArray after = text(open.plan());
+        QVERIFY(before != after);
+        open.run("m_editUndoAction");
+        QCOMPARE(text(open.plan()), before);
+        QVERIFY(!open.action("m_editUndoAction")->isEnabled());
+        open.run("m_editRedoAction");
+        QCOMPARE(text(open.plan()), after);
+        QVERIFY(!open.action("m_editRedoAction")->isEnabled());
+        open.run("m_editUndoAction");
+        QCOMPARE(text(open.plan()), before);
+    }
+
+    void aNewChangeAfterAnUndoEndsTheRedo()
+    {
+        OpenWindow open;
+        open.window.saveUndoState(s("Lock"));
+        open.run("m_editUndoAction");
+        open.window.saveUndoState(s("Rotate"));
+        QCOMPARE(menuTexts(open), s("&Undo Rotate on, &Redo off"));
+    }
+
+    void anUndoAfterALayoutRestoresAllSeats()
+    {
+        OpenWindow open;
+        fillRandomly(open.plan(), {});
+        open.plan().recalculateScores();
+        const QString before = seating(open.plan());
+        const int score = open.plan().totalScore();
+        open.window.saveUndoState(s("Auto layout"));
+        srand(7);
+        open.plan().randomLayout();
+        QVERIFY(seating(open.plan()) != before);
+        open.run("m_editUndoAction");
+        QCOMPARE(seating(open.plan()), before);
+        QCOMPARE(open.plan().totalScore(), score);
+    }
+
+    void theScoresAfterAnUndoAreThoseOfTheRestoredPlan()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        const int score = open.plan().totalScore();
+        QCOMPARE(open.counts(), s("Guests: 3 Seats: 4 Score: %1").arg(score));
+        open.window.saveUndoState(s("Unassign"));
+        open.plan().unassignGuest(open.plan().guestAt(0), true);
+        QVERIFY(open.plan().totalScore() != score);
+        open.run("m_editUndoAction");
+        QCOMPARE(open.plan().totalScore(), score);
+        QCOMPARE(open.counts(), s("Guests: 3 Seats: 4 Score: %1").arg(score));
+    }
+
+    void theViewsHearOfItInOrder()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        open.window.saveUndoState(s("Lock"));
+        EventLog log(open.plan());
+        open.run("m_editUndoAction");
+        const QStringList events = log.take();
+        QCOMPARE(events.join(u' '), s("eventClear() eventModified() eventRefresh() "
+                                      "eventScoreChange(T) eventScoreChange()"));
+    }
+
+    void noObjectOfThePlanSurvivesSoASelectionCannot()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        const KWGuest *selected = open.plan().guestAt(0);
+        open.window.saveUndoState(s("Lock"));
+        open.run("m_editUndoAction");
+        QCOMPARE(open.plan().guestCount(), 3);
+        QVERIFY(!open.plan().guests().contains(selected));
+    }
+
+    void savingKeepsTheUndoLevel()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        open.window.saveUndoState(s("Lock"));
+        open.prompts.answerFile(testHome().path(s("undo.kw")));
+        open.run("m_fileSaveAction");
+        QVERIFY(QFile::exists(testHome().path(s("undo.kw"))));
+        QCOMPARE(menuTexts(open), s("&Undo Lock on, &Redo off"));
+        QFile::remove(testHome().path(s("undo.kw")));
+    }
+
+    void aPlanWithoutWishesIsUnmodifiedAgainAfterAnUndo()
+    {
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        open.plan().setModified(false);
+        open.window.saveUndoState(s("Accept"));
+        open.plan().setGuestAccepted(open.plan().guestAt(0), true);
+        QVERIFY(open.plan().isModified());
+        open.run("m_editUndoAction");
+        QVERIFY(!open.plan().isModified());
+    }
+
+    void undoBringsTheActionsOfTheActiveViewUpToDate()
+    {
+        OpenWindow open;
+        FakeView *view = open.addView(open.window.panes()->leftTab(), s("Guests"));
+        open.window.setActiveView(view);
+        open.window.saveUndoState(s("Lock"));
+        view->answers.canDelete = true;
+        open.run("m_editUndoAction");
+        QVERIFY(open.action("m_editDeleteAction")->isEnabled());
+        QVERIFY(!QApplication::overrideCursor());
+    }
+};
+
+GUI_TEST_MAIN(TestUndo)
+#include "tst_undo.moc"

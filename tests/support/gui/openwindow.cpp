@@ -1,0 +1,53 @@
+#include "openwindow.h"
+
+#include "fakeview.h"
+#include "kwcloseabletabwidget.h"
+#include "kwstatusbar.h"
+#include "testplan.h"
+
+OpenWindow::OpenWindow(const QStringList &arguments)
+    : window(nullptr, [this] { return now; })
+{
+    window.initialise(nullptr, QStringList{s("ambrelune")} + arguments);
+}
+
+QAction *OpenWindow::action(const char *name) const
+{
+    auto *found = window.findChild<QAction *>(s(name));
+    if (!found)
+        qFatal("there is no action %s", name);
+    return found;
+}
+
+void OpenWindow::run(const char *name)
+{
+    QAction *found = action(name);
+    QVERIFY2(found->isEnabled(), name);
+    found->trigger();
+}
+
+FakeView *OpenWindow::addView(KWCloseableTabWidget *tab, const QString &name)
+{
+    QPixmap icon(16, 16);
+    icon.fill(Qt::blue);
+    auto *view = new FakeView(window.document(), name);
+    tab->addPage(view, icon, name, name);
+    return view;
+}
+
+QString OpenWindow::counts() const
+{
+    for (const QLabel *label : window.findChild<KWStatusBar *>()->findChildren<QLabel *>()) {
+        if (!label->text().isEmpty())
+            return label->text();
+    }
+    return {};
+}
+
+void OpenWindow::quietSettings()
+{
+    TestHome::clearSettings();
+    KWUserSettings settings;
+    settings.setHelpShowGettingStarted(false);
+    settings.setAppearanceMaximised(false);
+}

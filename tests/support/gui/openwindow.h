@@ -1,0 +1,39 @@
+#pragma once
+
+#include "guitest.h"
+#include "kwmainwinimpl.h"
+#include "kwpanes.h"
+#include "kwusersettings.h"
+#include "scriptedprompts.h"
+
+#include <QAction>
+#include <QLabel>
+
+#include <optional>
+
+class FakeView;
+class KWCloseableTabWidget;
+
+/// The real main window, shown, with scripted prompts and a clock that stands still until a test
+/// moves it. Comes up with no dialog, unless a test changed the settings to have one.
+class OpenWindow
+{
+public:
+    /// What the program does at its start, with `arguments` behind its own name.
+    explicit OpenWindow(const QStringList &arguments = {});
+
+    ScriptedPrompts prompts;
+    QDateTime now{QDate(2026, 6, 13), QTime(14, 30, 5)};
+    KWMainWinImpl window;
+
+    KWDocument &plan() { return *window.document(); }
+    QAction *action(const char *name) const;
+    /// Triggers the action, which must be enabled.
+    void run(const char *name);
+    /// Adds a view as a page of that name and gives it the keyboard's commands.
+    FakeView *addView(KWCloseableTabWidget *tab, const QString &name);
+    QString counts() const;
+
+    /// Settings that start the program without a dialog and without a maximised window.
+    static void quietSettings();
+};
