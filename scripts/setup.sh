@@ -30,6 +30,8 @@ test_packages=("${build_packages[@]}" clang-format xvfb xclip openbox xdotool)
 build_preset() {
   local log="build/$1.log"
   mkdir -p build
+  # A new source file does not bring its moc and uic runs along in an old build tree.
+  find build -path "build/$1/*_autogen/timestamp" -delete
   echo "Building: $1" >&2
   if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
     tail -n 60 "$log" >&2

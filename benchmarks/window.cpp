@@ -1,0 +1,67 @@
+#include "benchplan.h"
+#include "kwfilecommands.h"
+#include "kwmainwinimpl.h"
+#include "kwpixmaps.h"
+#include "kwusersettings.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+// What a person waits for with the window up, on the display that the environment names. Each
+// takes the number of guests.
+
+namespace {
+
+void planSizes(benchmark::internal::Benchmark *benchmark)
+{
+    for (const int guests : {20, 100, 300, 600, 2000})
+        benchmark->Arg(guests);
+    benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+/// The main window, which main() makes and takes down.
+KWMainWinImpl *window = nullptr;
+
+void openPlan(benchmark::State &state)
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("plan.kw"));
+    {
+        KWDocument plan;
+        fillBenchPlan(plan, static_cast<int>(state.range(0)));
+        plan.save(path, {});
+    }
+    for (auto _ : state) {
+        window->fileCommands()->openPlan(path);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(openPlan)->Apply(planSizes);
+
+void undoPoint(benchmark::State &state)
+{
+    fillBenchPlan(*window->document(), static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        window->saveUndoState(QStringLiteral("Lock"));
+    window->document()->clear();
+}
+BENCHMARK(undoPoint)->Apply(planSizes);
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QTemporaryDir home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
+    QApplication application(argc, argv);
+    initAppearanceResources();
+    KWUserSettings().setHelpShowGettingStarted(false);
+    KWMainWinImpl mainWindow;
+    mainWindow.initialise(nullptr, {QStringLiteral("ambrelune")});
+    window = &mainWindow;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
