@@ -21,6 +21,12 @@ QString &rememberedDirectory()
     return directory;
 }
 
+QString &shippedDirectory()
+{
+    static QString directory = dataDirectory();
+    return directory;
+}
+
 QString tr(const char *text)
 {
     return QCoreApplication::translate("KWHelp", text);
@@ -68,9 +74,14 @@ const QString &startDirectory()
     return rememberedDirectory();
 }
 
+void setShippedHelpDirectory(const QString &directory)
+{
+    shippedDirectory() = directory.isEmpty() ? dataDirectory() : directory;
+}
+
 QString helpFilePath()
 {
-    for (const QString &directory : {startDirectory(), QDir::currentPath(), dataDirectory()}) {
+    for (const QString &directory : {startDirectory(), QDir::currentPath(), shippedDirectory()}) {
         const QString path = QDir(directory).absoluteFilePath(helpFileName());
         if (QFileInfo(path).isFile())
             return path;

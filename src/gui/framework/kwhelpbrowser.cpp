@@ -6,12 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString &scheme()
-{
-    static const QString name = u"help"_s;
-    return name;
-}
-
 QVariant nothing(int type)
 {
     if (type != QTextDocument::ImageResource)
@@ -27,6 +21,8 @@ KWHelpBrowser::KWHelpBrowser(QWidget *parent)
     : QTextBrowser(parent)
 {
     setOpenLinks(false);
+    document()->setDocumentMargin(14);
+    document()->setIndentWidth(24);
     // What was found stays well visible while the focus is on the words looked for.
     QPalette colours = palette();
     for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
@@ -37,7 +33,7 @@ KWHelpBrowser::KWHelpBrowser(QWidget *parent)
 QUrl KWHelpBrowser::pageUrl(const QString &page)
 {
     QUrl url;
-    url.setScheme(scheme());
+    url.setScheme(u"help"_s);
     url.setPath(u'/' + page.section(u'#', 0, 0));
     if (page.contains(u'#'))
         url.setFragment(page.section(u'#', 1));
@@ -46,12 +42,14 @@ QUrl KWHelpBrowser::pageUrl(const QString &page)
 
 QString KWHelpBrowser::pageOf(const QUrl &url)
 {
-    return url.scheme() == scheme() && url.host().isEmpty() ? url.path().mid(1) : QString();
+    return url.scheme() == "help"_L1 && url.host().isEmpty() ? url.path().mid(1) : QString();
 }
 
 QVariant KWHelpBrowser::loadResource(int type, const QUrl &name)
 {
-    const QString object = pageOf(source().resolved(name));
+    // source() is still that of the page before while a page is loaded.
+    static const QUrl root(u"help:/"_s);
+    const QString object = pageOf(root.resolved(name));
     const std::optional<QByteArray> bytes = m_file ? m_file->object(object) : std::nullopt;
     if (!bytes)
         return nothing(type);

@@ -11,7 +11,6 @@
 #include <QDesktopServices>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStyle>
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -70,10 +69,10 @@ KWHelpWindow::KWHelpWindow(QWidget *parent)
 
 KWHelpWindow::~KWHelpWindow() = default;
 
-QAction *KWHelpWindow::addTool(const QString &text, const QString &toolTip, const QString &name,
-                               const QList<QKeySequence> &keys, auto slot)
+QAction *KWHelpWindow::addTool(const QString &text, const QString &toolTip, const QString &icon,
+                               const QString &name, const QList<QKeySequence> &keys, auto slot)
 {
-    auto *action = new QAction(text, this);
+    auto *action = new QAction(QIcon::fromTheme(icon), text, this);
     action->setObjectName(name);
     action->setShortcuts(keys);
     const QString key = keys.first().toString(QKeySequence::NativeText);
@@ -91,15 +90,14 @@ void KWHelpWindow::setUpActions()
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
 
-    QAction *back = addTool(tr("Back"), tr("Go back to the page before"), u"backAction"_s,
-                            {QKeySequence(u"Alt+Left"_s)}, [this] { m_browser->backward(); });
-    QAction *forward = addTool(tr("Forward"), tr("Go forward again"), u"forwardAction"_s,
-                               {QKeySequence(u"Alt+Right"_s)}, [this] { m_browser->forward(); });
-    QAction *home = addTool(tr("Home"), tr("Go to the first page of the help"), u"homeAction"_s,
-                            {QKeySequence(u"Alt+Home"_s)}, &KWHelpWindow::goHome);
-    back->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
-    forward->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
-    home->setIcon(style()->standardIcon(QStyle::SP_DirHomeIcon));
+    QAction *back =
+        addTool(tr("Back"), tr("Go back to the page before"), u"go-previous"_s, u"backAction"_s,
+                {QKeySequence(u"Alt+Left"_s)}, [this] { m_browser->backward(); });
+    QAction *forward =
+        addTool(tr("Forward"), tr("Go forward again"), u"go-next"_s, u"forwardAction"_s,
+                {QKeySequence(u"Alt+Right"_s)}, [this] { m_browser->forward(); });
+    QAction *home = addTool(tr("Home"), tr("Go to the first page of the help"), u"go-home"_s,
+                            u"homeAction"_s, {QKeySequence(u"Alt+Home"_s)}, &KWHelpWindow::goHome);
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
@@ -108,18 +106,19 @@ void KWHelpWindow::setUpActions()
 
     bar->addSeparator();
     // The key with the plus sign gives an equals sign without Shift on many keyboards.
-    bar->addAction(addTool(tr("Zoom in"), tr("Show the text larger"), u"zoomInAction"_s,
-                           {QKeySequence(u"Ctrl++"_s), QKeySequence(u"Ctrl+="_s)},
-                           [this] { zoom(1); }));
-    bar->addAction(addTool(tr("Zoom out"), tr("Show the text smaller"), u"zoomOutAction"_s,
-                           {QKeySequence(u"Ctrl+-"_s)}, [this] { zoom(-1); }));
+    bar->addAction(
+        addTool(tr("Zoom in"), tr("Show the text larger"), u"zoom-in"_s, u"zoomInAction"_s,
+                {QKeySequence(u"Ctrl++"_s), QKeySequence(u"Ctrl+="_s)}, [this] { zoom(1); }));
+    bar->addAction(addTool(tr("Zoom out"), tr("Show the text smaller"), u"zoom-out"_s,
+                           u"zoomOutAction"_s, {QKeySequence(u"Ctrl+-"_s)}, [this] { zoom(-1); }));
 
     bar->addSeparator();
-    bar->addAction(addTool(tr("Find"), tr("Find words on this page"), u"findAction"_s,
-                           {QKeySequence(u"Ctrl+F"_s)}, [this] { m_findBar->start(); }));
-    addTool(tr("Find next"), tr("Find the words further down"), u"findNextAction"_s,
+    bar->addAction(addTool(tr("Find"), tr("Find words on this page"), u"edit-find"_s,
+                           u"findAction"_s, {QKeySequence(u"Ctrl+F"_s)},
+                           [this] { m_findBar->start(); }));
+    addTool(tr("Find next"), tr("Find the words further down"), {}, u"findNextAction"_s,
             {QKeySequence(u"F3"_s)}, [this] { m_findBar->findNext(); });
-    addTool(tr("Find previous"), tr("Find the words further up"), u"findPreviousAction"_s,
+    addTool(tr("Find previous"), tr("Find the words further up"), {}, u"findPreviousAction"_s,
             {QKeySequence(u"Shift+F3"_s)}, [this] { m_findBar->findPrevious(); });
     connect(new QShortcut(QKeySequence(u"Esc"_s), this), &QShortcut::activated, this,
             &KWHelpWindow::escape);
@@ -214,9 +213,9 @@ void KWHelpWindow::zoom(int steps)
     m_zoom = wanted;
 }
 
-void KWHelpWindow::followPage()
+void KWHelpWindow::followPage(const QUrl &url)
 {
-    const QString page = KWHelpBrowser::pageOf(m_browser->source());
+    const QString page = KWHelpBrowser::pageOf(url);
     const QString title = m_browser->documentTitle().simplified();
     //: %1 is the product's name, %2 the title of a page
     setWindowTitle(

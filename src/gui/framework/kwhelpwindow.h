@@ -34,14 +34,15 @@ signals:
 
 private:
     void setUpActions();
-    QAction *addTool(const QString &text, const QString &toolTip, const QString &name,
-                     const QList<QKeySequence> &keys, auto slot);
+    /// `icon` is a name in the desktop's icon theme; without one the text alone has to do.
+    QAction *addTool(const QString &text, const QString &toolTip, const QString &icon,
+                     const QString &name, const QList<QKeySequence> &keys, auto slot);
     void useFile(std::unique_ptr<KWHelpFile> file);
     void fillContents();
     void openEntry(const QTreeWidgetItem *item);
     void goHome();
     void zoom(int steps);
-    void followPage();
+    void followPage(const QUrl &url);
     void escape();
 
     std::unique_ptr<KWHelpFile> m_file;
