@@ -32,7 +32,8 @@ bool hasPage(const KWHelpFile &file, const QString &page)
 } // namespace
 
 KWHelpWindow::KWHelpWindow(QWidget *parent)
-    : QMainWindow(parent, Qt::Window)
+    // As a dialog it is kept in front of its owner, so that one can read while one works.
+    : QMainWindow(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
     , m_contentsTree(new QTreeWidget)
     , m_browser(new KWHelpBrowser(nullptr))
 {
@@ -63,7 +64,7 @@ KWHelpWindow::KWHelpWindow(QWidget *parent)
 
     setUpActions();
     resize(900, 640);
-    new KWStayUsable(this);
+    m_stayUsable = new KWStayUsable(this);
     new KWWhatsThisHelper(this);
 }
 
@@ -139,6 +140,7 @@ bool KWHelpWindow::showPage(const QString &path, const QString &page)
     if (isMinimized())
         showNormal();
     show();
+    m_stayUsable->follow();
     raise();
     activateWindow();
     m_browser->setFocus();

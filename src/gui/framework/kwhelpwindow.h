@@ -7,6 +7,7 @@
 class KWFindBar;
 class KWHelpBrowser;
 class KWHelpFile;
+class KWStayUsable;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -49,6 +50,7 @@ private:
     QTreeWidget *m_contentsTree;
     KWHelpBrowser *m_browser;
     KWFindBar *m_findBar;
+    KWStayUsable *m_stayUsable;
     QString m_homePage;
     int m_zoom = 0;
 };

@@ -51,13 +51,6 @@ int readEverything(const QByteArray &bytes)
     file.contents();
     return read;
 }
-
-/// Where the little-endian number stands in the file; -1 if it does not, or not only once.
-qsizetype onlyPlaceOf(const QByteArray &bytes, const QByteArray &what)
-{
-    const qsizetype at = bytes.indexOf(what);
-    return at >= 0 && bytes.indexOf(what, at + 1) < 0 ? at : -1;
-}
 } // namespace
 
 class TestHelpFile : public QObject
@@ -78,6 +71,7 @@ private slots:
     void flippedBytesDoNoHarm_data();
     void flippedBytesDoNoHarm();
     void everyHeaderByteMayBeWrong();
+    void anObjectThatIsTooLargeIsRefused();
     void anObjectThatClaimsToBeHugeIsRefused();
 };
 
@@ -229,30 +223,47 @@ void TestHelpFile::everyHeaderByteMayBeWrong()
     }
 }
 
+void TestHelpFile::anObjectThatIsTooLargeIsRefused()
+{
+    const QDir directory(testHome().path(u"large"_s));
+    QVERIFY(QDir().mkpath(directory.path()));
+    const QMap<QString, QByteArray> files{
+        {u"project.hhp"_s, "[OPTIONS]\nCompiled file=large.chm\nTitle=Large\n\n"
+                           "[FILES]\nsmall.htm\nlarge.htm\n"},
+        {u"small.htm"_s, "small"},
+        {u"large.htm"_s, QByteArray(KWHelpFile::maxObjectSize + 1, 'b')}};
+    for (auto file = files.cbegin(); file != files.cend(); ++file) {
+        QFile out(directory.filePath(file.key()));
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        QCOMPARE(out.write(*file), file->size());
+    }
+    QProcess compiler;
+    compiler.setWorkingDirectory(directory.path());
+    compiler.start(u"chmcmd"_s, {u"--no-html-scan"_s, u"project.hhp"_s});
+    QVERIFY(compiler.waitForFinished());
+    QCOMPARE(compiler.exitCode(), 0);
+
+    const KWHelpFile file(directory.filePath(u"large.chm"_s));
+    QVERIFY(file.contains(u"large.htm"_s));
+    QVERIFY(!file.object(u"large.htm"_s).has_value());
+    QCOMPARE(file.object(u"small.htm"_s), files[u"small.htm"_s]);
+}
+
 void TestHelpFile::anObjectThatClaimsToBeHugeIsRefused()
 {
     // A directory entry is the length of the name, the name, the section, and start and length as
     // numbers of seven bits a byte.
-    const QByteArray good = goodBytes();
-    const qsizetype name = onlyPlaceOf(good, "/help.css");
+    QByteArray bent = goodBytes();
+    const qsizetype name = bent.indexOf("/Welcome.htm");
     QVERIFY(name > 0);
-    qsizetype length = name + qstrlen("/help.css") + 1;
-    while (good[length] & '\x80')
+    qsizetype length = name + static_cast<qsizetype>(qstrlen("/Welcome.htm")) + 1;
+    while (bent[length] & '\x80')
         ++length;
     ++length;
-    QVERIFY(good[length] & '\x80');
-
-    QByteArray bent = good;
-    bent.replace(length, 2, "\xff\x7f");
-    QVERIFY(KWHelpFile(written(bent)).contains(u"help.css"_s));
-    const std::optional<QByteArray> object = KWHelpFile(written(bent)).object(u"help.css"_s);
-    QVERIFY(!object || object->size() == 0x3fff);
-
-    // Four more bytes for the number: taken from the entry behind, which is lost.
-    bent = good;
-    bent.replace(length, 5, "\xff\xff\xff\xff\x7f");
+    bent.replace(length, 6, "\xff\xff\xff\xff\xff\x7f");
     const KWHelpFile file(written(bent));
-    QVERIFY(!file.object(u"help.css"_s).has_value());
+    QVERIFY(file.contains(u"Welcome.htm"_s));
+    QVERIFY(!file.object(u"Welcome.htm"_s).has_value());
 }
 
 GUI_TEST_MAIN(TestHelpFile)

@@ -407,6 +407,7 @@ void TestHelpWindow::f1InAModalDialogShowsAUsableWindow()
              [this] { QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s)); });
     bool done = false;
     QTimer::singleShot(0, &dialog, [&] {
+        const auto close = qScopeGuard([&] { dialog.accept(); });
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         edit->setFocus();
         QTest::keyClick(dialog.windowHandle(), Qt::Key_F1);
@@ -428,7 +429,6 @@ void TestHelpWindow::f1InAModalDialogShowsAUsableWindow()
         QVERIFY(dialog.isVisible());
         QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
         done = true;
-        dialog.accept();
     });
     dialog.exec();
     QVERIFY(done);
