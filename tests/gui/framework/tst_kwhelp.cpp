@@ -1,10 +1,10 @@
 #include "kwhelp.h"
 
+#include "fakemainwindow.h"
 #include "guitest.h"
 #include "kwbusy.h"
 #include "kwdatadirectory.h"
 #include "kwhelpwindow.h"
-#include "kwmainwindow.h"
 #include "scriptedprompts.h"
 
 using namespace Qt::StringLiterals;
@@ -14,26 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString fileName = u"ambrelune_1_2_14.chm"_s;
-
-/// As much of a main window as the help needs.
-class OwnerWindow : public KWMainWindow
-{
-public:
-    QWidget *widget() override { return &m_widget; }
-    KWDocument *document() override { return nullptr; }
-    KWUserSettings *userSettings() override { return nullptr; }
-    QPrinter *printer() override { return nullptr; }
-    void saveUndoState(const QString &) override {}
-    void setActiveView(KWView *) override {}
-    void updateActionsOnViewChange() override {}
-    void updatePrintAction() override {}
-    void updateCopyAction() override {}
-    void showStatusMessage(const QString &) override {}
-    void setProgress(int) override {}
-
-private:
-    QWidget m_widget;
-};
 
 QList<KWHelpWindow *> helpWindows()
 {
@@ -261,7 +241,7 @@ void TestHelp::thereIsOneWindowForAllTopics()
 void TestHelp::theWindowGoesWithTheMainWindow()
 {
     put(m_present);
-    auto owner = std::make_unique<OwnerWindow>();
+    auto owner = std::make_unique<FakeMainWindow>();
     QVERIFY(showHelpTopic(u"Main_window.htm"_s));
     const QPointer<KWHelpWindow> window = helpWindows().value(0);
     QCOMPARE(window->parentWidget(), owner->widget());
