@@ -22,7 +22,7 @@ install_missing() {
       apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libexpat1-dev libchm-dev
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libexpat1-dev libmspack-dev
   libx11-dev fp-utils)
 test_packages=("${build_packages[@]}" clang-format xvfb xclip openbox xdotool)
 

@@ -1,12 +1,15 @@
 #include "kwhelp.h"
 
+#include "kwbusy.h"
 #include "kwdatadirectory.h"
+#include "kwhelpwindow.h"
 #include "kwmainwindow.h"
 #include "kwmessages.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +18,12 @@ namespace {
 QString &rememberedDirectory()
 {
     static QString directory;
+    return directory;
+}
+
+QString &shippedDirectory()
+{
+    static QString directory = dataDirectory();
     return directory;
 }
 
@@ -31,6 +40,26 @@ const QString &helpFileName()
                                     .arg(KWMainWindow::patchVersion());
     return name;
 }
+
+QPointer<KWHelpWindow> theWindow;
+
+void tellMissing(const QString &topic, const QString &path)
+{
+    errorBox(tr("Unable to display topic '%1' in Help file '%2'.").arg(topic, path), tr("&OK"));
+}
+
+/// The one help window, made at the first use; it goes with the main window.
+KWHelpWindow *helpWindow()
+{
+    if (theWindow)
+        return theWindow;
+    KWMainWindow *owner = mainWin();
+    theWindow = new KWHelpWindow(owner ? owner->widget() : nullptr);
+    QObject::connect(theWindow, &KWHelpWindow::pageMissing, tellMissing);
+    if (!owner)
+        qAddPostRoutine([] { delete theWindow; });
+    return theWindow;
+}
 } // namespace
 
 void rememberStartDirectory(const QString &directory)
@@ -45,9 +74,14 @@ const QString &startDirectory()
     return rememberedDirectory();
 }
 
+void setShippedHelpDirectory(const QString &directory)
+{
+    shippedDirectory() = directory.isEmpty() ? dataDirectory() : directory;
+}
+
 QString helpFilePath()
 {
-    for (const QString &directory : {startDirectory(), QDir::currentPath(), dataDirectory()}) {
+    for (const QString &directory : {startDirectory(), QDir::currentPath(), shippedDirectory()}) {
         const QString path = QDir(directory).absoluteFilePath(helpFileName());
         if (QFileInfo(path).isFile())
             return path;
@@ -61,6 +95,11 @@ bool showHelpTopic(const QString &topic)
     const QString path = helpFilePath();
     if (path.isEmpty())
         return false;
-    errorBox(tr("Unable to display topic '%1' in Help file '%2'.").arg(topic, path), tr("&OK"));
-    return false;
+    const bool shown = [&] {
+        const KWBusy busy;
+        return helpWindow()->showPage(path, topic);
+    }();
+    if (!shown)
+        tellMissing(topic, path);
+    return shown;
 }

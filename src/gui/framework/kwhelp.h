@@ -9,6 +9,10 @@ void rememberStartDirectory(const QString &directory = {});
 /// The directory that was remembered, or that was current at the first call of this function.
 const QString &startDirectory();
 
+/// Looks for the help file in another place than beside the program, for tests; without a directory
+/// again there.
+void setShippedHelpDirectory(const QString &directory = {});
+
 /// The absolute path of the help file: in the start directory, else in the current one, else beside
 /// the program. Where there is none the user is told, at each call, and the path is empty.
 QString helpFilePath();

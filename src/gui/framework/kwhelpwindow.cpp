@@ -1,0 +1,241 @@
+#include "kwhelpwindow.h"
+
+#include "kwfindbar.h"
+#include "kwhelpbrowser.h"
+#include "kwhelpfile.h"
+#include "kwmainwindow.h"
+#include "kwstayusable.h"
+#include "kwwhatsthishelper.h"
+
+#include <QAction>
+#include <QDesktopServices>
+#include <QShortcut>
+#include <QSplitter>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int pageRole = Qt::UserRole;
+constexpr int smallestZoom = -4;
+constexpr int greatestZoom = 16;
+
+bool hasPage(const KWHelpFile &file, const QString &page)
+{
+    const QString name = page.section(u'#', 0, 0);
+    const QString suffix = name.section(u'.', -1).toLower();
+    return (suffix == "htm"_L1 || suffix == "html"_L1) && file.object(name);
+}
+} // namespace
+
+KWHelpWindow::KWHelpWindow(QWidget *parent)
+    // As a dialog it is kept in front of its owner, so that one can read while one works.
+    : QMainWindow(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
+    , m_contentsTree(new QTreeWidget)
+    , m_browser(new KWHelpBrowser(nullptr))
+{
+    setObjectName(u"help window"_s);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto *splitter = new QSplitter(this);
+    auto *page = new QWidget(splitter);
+    m_findBar = new KWFindBar(m_browser, page);
+    auto *column = new QVBoxLayout(page);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(m_browser, 1);
+    column->addWidget(m_findBar);
+    splitter->addWidget(m_contentsTree);
+    splitter->addWidget(page);
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({240, 660});
+    setCentralWidget(splitter);
+
+    m_contentsTree->setHeaderHidden(true);
+    m_contentsTree->setToolTip(tr("The pages of the help"));
+    m_contentsTree->setAccessibleName(tr("Contents"));
+    connect(m_contentsTree, &QTreeWidget::currentItemChanged, this, &KWHelpWindow::openEntry);
+    connect(m_contentsTree, &QTreeWidget::itemClicked, this, &KWHelpWindow::openEntry);
+    connect(m_browser, &QTextBrowser::anchorClicked, this, &KWHelpWindow::openLink);
+    connect(m_browser, &QTextBrowser::sourceChanged, this, &KWHelpWindow::followPage);
+
+    setUpActions();
+    resize(900, 640);
+    m_stayUsable = new KWStayUsable(this);
+    new KWWhatsThisHelper(this);
+}
+
+KWHelpWindow::~KWHelpWindow() = default;
+
+QAction *KWHelpWindow::addTool(const QString &text, const QString &toolTip, const QString &icon,
+                               const QString &name, const QList<QKeySequence> &keys, auto slot)
+{
+    auto *action = new QAction(QIcon::fromTheme(icon), text, this);
+    action->setObjectName(name);
+    action->setShortcuts(keys);
+    const QString key = keys.first().toString(QKeySequence::NativeText);
+    action->setToolTip(u"%1 (%2)"_s.arg(toolTip, key));
+    connect(action, &QAction::triggered, this, slot);
+    addAction(action);
+    return action;
+}
+
+void KWHelpWindow::setUpActions()
+{
+    QToolBar *bar = addToolBar(tr("Help toolbar"));
+    bar->setObjectName(u"Help toolbar"_s);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+
+    QAction *back =
+        addTool(tr("Back"), tr("Go back to the page before"), u"go-previous"_s, u"backAction"_s,
+                {QKeySequence(u"Alt+Left"_s)}, [this] { m_browser->backward(); });
+    QAction *forward =
+        addTool(tr("Forward"), tr("Go forward again"), u"go-next"_s, u"forwardAction"_s,
+                {QKeySequence(u"Alt+Right"_s)}, [this] { m_browser->forward(); });
+    QAction *home = addTool(tr("Home"), tr("Go to the first page of the help"), u"go-home"_s,
+                            u"homeAction"_s, {QKeySequence(u"Alt+Home"_s)}, &KWHelpWindow::goHome);
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    connect(m_browser, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+    connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+    bar->addActions({back, forward, home});
+
+    bar->addSeparator();
+    // The key with the plus sign gives an equals sign without Shift on many keyboards.
+    bar->addAction(
+        addTool(tr("Zoom in"), tr("Show the text larger"), u"zoom-in"_s, u"zoomInAction"_s,
+                {QKeySequence(u"Ctrl++"_s), QKeySequence(u"Ctrl+="_s)}, [this] { zoom(1); }));
+    bar->addAction(addTool(tr("Zoom out"), tr("Show the text smaller"), u"zoom-out"_s,
+                           u"zoomOutAction"_s, {QKeySequence(u"Ctrl+-"_s)}, [this] { zoom(-1); }));
+
+    bar->addSeparator();
+    bar->addAction(addTool(tr("Find"), tr("Find words on this page"), u"edit-find"_s,
+                           u"findAction"_s, {QKeySequence(u"Ctrl+F"_s)},
+                           [this] { m_findBar->start(); }));
+    addTool(tr("Find next"), tr("Find the words further down"), {}, u"findNextAction"_s,
+            {QKeySequence(u"F3"_s)}, [this] { m_findBar->findNext(); });
+    addTool(tr("Find previous"), tr("Find the words further up"), {}, u"findPreviousAction"_s,
+            {QKeySequence(u"Shift+F3"_s)}, [this] { m_findBar->findPrevious(); });
+    connect(new QShortcut(QKeySequence(u"Esc"_s), this), &QShortcut::activated, this,
+            &KWHelpWindow::escape);
+}
+
+bool KWHelpWindow::showPage(const QString &path, const QString &page)
+{
+    if (m_file && m_file->path() == path) {
+        if (!hasPage(*m_file, page))
+            return false;
+    } else {
+        auto file = std::make_unique<KWHelpFile>(path);
+        if (!hasPage(*file, page))
+            return false;
+        useFile(std::move(file));
+    }
+    m_browser->setSource(KWHelpBrowser::pageUrl(page));
+    if (isMinimized())
+        showNormal();
+    show();
+    m_stayUsable->follow();
+    raise();
+    activateWindow();
+    m_browser->setFocus();
+    return true;
+}
+
+QUrl KWHelpWindow::pageUrl() const
+{
+    return m_browser->source();
+}
+
+void KWHelpWindow::useFile(std::unique_ptr<KWHelpFile> file)
+{
+    m_browser->setHelpFile(file.get());
+    m_file = std::move(file);
+    m_browser->clearHistory();
+    fillContents();
+}
+
+void KWHelpWindow::fillContents()
+{
+    const QSignalBlocker blocker(m_contentsTree);
+    m_contentsTree->clear();
+    m_homePage.clear();
+    QList<QTreeWidgetItem *> branch;
+    for (const KWHelpEntry &entry : m_file->contents()) {
+        branch.resize(entry.depth);
+        auto *item = branch.isEmpty() ? new QTreeWidgetItem(m_contentsTree)
+                                      : new QTreeWidgetItem(branch.last());
+        item->setText(0, entry.title);
+        item->setData(0, pageRole, entry.page);
+        branch.append(item);
+        if (m_homePage.isEmpty())
+            m_homePage = entry.page;
+    }
+    m_contentsTree->expandAll();
+}
+
+void KWHelpWindow::openLink(const QUrl &url)
+{
+    if (url.scheme() == "http"_L1 || url.scheme() == "https"_L1) {
+        QDesktopServices::openUrl(url);
+        return;
+    }
+    const QUrl target = m_browser->source().resolved(url);
+    const QString page = KWHelpBrowser::pageOf(target);
+    if (!m_file || page.isEmpty())
+        return;
+    if (hasPage(*m_file, page))
+        m_browser->setSource(target);
+    else
+        emit pageMissing(page, m_file->path());
+}
+
+void KWHelpWindow::openEntry(const QTreeWidgetItem *item)
+{
+    const QString page = item ? item->data(0, pageRole).toString() : QString();
+    if (!page.isEmpty() && KWHelpBrowser::pageUrl(page) != m_browser->source())
+        openLink(KWHelpBrowser::pageUrl(page));
+}
+
+void KWHelpWindow::goHome()
+{
+    if (!m_homePage.isEmpty())
+        openLink(KWHelpBrowser::pageUrl(m_homePage));
+}
+
+void KWHelpWindow::zoom(int steps)
+{
+    const int wanted = std::clamp(m_zoom + steps, smallestZoom, greatestZoom);
+    m_browser->zoomIn(wanted - m_zoom);
+    m_zoom = wanted;
+}
+
+void KWHelpWindow::followPage(const QUrl &url)
+{
+    const QString page = KWHelpBrowser::pageOf(url);
+    const QString title = m_browser->documentTitle().simplified();
+    //: %1 is the product's name, %2 the title of a page
+    setWindowTitle(
+        tr("%1 help - %2").arg(KWMainWindow::productName(), title.isEmpty() ? page : title));
+    QTreeWidgetItem *shown = nullptr;
+    for (QTreeWidgetItemIterator item(m_contentsTree); *item && !shown; ++item) {
+        const QString entry = (*item)->data(0, pageRole).toString();
+        if (!page.isEmpty() && entry.compare(page, Qt::CaseInsensitive) == 0)
+            shown = *item;
+    }
+    const QSignalBlocker blocker(m_contentsTree);
+    m_contentsTree->setCurrentItem(shown);
+}
+
+void KWHelpWindow::escape()
+{
+    if (m_findBar->isVisible())
+        m_findBar->finish();
+    else
+        close();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <memory>
+
+class KWFindBar;
+class KWHelpBrowser;
+class KWHelpFile;
+class KWStayUsable;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+/// The window with the pages of a help file: the contents at the left, a page at the right. It is
+/// not modal, and stays usable while modal dialogs are up. Closing only hides it.
+class KWHelpWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit KWHelpWindow(QWidget *parent = nullptr);
+    ~KWHelpWindow() override;
+
+    /// Shows a page of the help file at `path`, such as "Main_window.htm", and comes to the front.
+    /// False, with nothing changed, if the file has no such page or cannot be read.
+    bool showPage(const QString &path, const QString &page);
+
+    QUrl pageUrl() const;
+    /// Goes where a link leads: to a page of the help, or out to the web browser.
+    void openLink(const QUrl &url);
+
+signals:
+    /// A link leads to a page that the file does not have.
+    void pageMissing(const QString &page, const QString &path);
+
+private:
+    void setUpActions();
+    /// `icon` is a name in the desktop's icon theme; without one the text alone has to do.
+    QAction *addTool(const QString &text, const QString &toolTip, const QString &icon,
+                     const QString &name, const QList<QKeySequence> &keys, auto slot);
+    void useFile(std::unique_ptr<KWHelpFile> file);
+    void fillContents();
+    void openEntry(const QTreeWidgetItem *item);
+    void goHome();
+    void zoom(int steps);
+    void followPage(const QUrl &url);
+    void escape();
+
+    std::unique_ptr<KWHelpFile> m_file;
+    QTreeWidget *m_contentsTree;
+    KWHelpBrowser *m_browser;
+    KWFindBar *m_findBar;
+    KWStayUsable *m_stayUsable;
+    QString m_homePage;
+    int m_zoom = 0;
+};
