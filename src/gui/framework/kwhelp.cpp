@@ -27,11 +27,6 @@ QString &shippedDirectory()
     return directory;
 }
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KWHelp", text);
-}
-
 const QString &helpFileName()
 {
     static const QString name = u"%1_%2_%3_%4.chm"_s.arg(u"ambrelune"_s)
@@ -45,7 +40,8 @@ QPointer<KWHelpWindow> theWindow;
 
 void tellMissing(const QString &topic, const QString &path)
 {
-    errorBox(tr("Unable to display topic '%1' in Help file '%2'.").arg(topic, path), tr("&OK"));
+    errorBox(KWHelpWindow::tr("Unable to display topic '%1' in Help file '%2'.").arg(topic, path),
+             KWHelpWindow::tr("&OK"));
 }
 
 /// The one help window, made at the first use; it goes with the main window.
@@ -86,7 +82,8 @@ QString helpFilePath()
         if (QFileInfo(path).isFile())
             return path;
     }
-    errorBox(tr("Can't find help file %1 .").arg(helpFileName()), tr("&OK"));
+    errorBox(KWHelpWindow::tr("Can't find help file %1 .").arg(helpFileName()),
+             KWHelpWindow::tr("&OK"));
     return {};
 }
 
