@@ -35,6 +35,19 @@ QList<int> positionsOf(const QList<KWGuest *> &guests, const KWDocument *documen
     return result;
 }
 
+/// Whether a drag comes from a plan of this name. `sender` is the name that its payload carries.
+bool comesFrom(const KWDocument *document, const QMimeData *source, const QByteArray &sender)
+{
+    const QString name = document->fileName().toLower();
+    const QByteArray carried = carriedName(document);
+    if (QString::fromLatin1(sender).toLower() != QString::fromLatin1(carried).toLower())
+        return false;
+    // Names that differ only in letters that the payload cannot carry look the same in it.
+    if (const auto *own = qobject_cast<const KWDragData *>(source))
+        return own->fileName().toLower() == name;
+    return QString::fromLatin1(carried).toLower() == name;
+}
+
 /// The numbers behind the file name, -1 for what is none; nothing unless the name is this plan's.
 QList<int> decode(const QMimeData *source, QLatin1StringView mimeType, const KWDocument *document)
 {
@@ -44,8 +57,7 @@ QList<int> decode(const QMimeData *source, QLatin1StringView mimeType, const KWD
     const qsizetype nameEnd = data.indexOf(Separator);
     if (nameEnd < 0)
         return {};
-    const QString sender = QString::fromLatin1(data.first(nameEnd));
-    if (sender.toLower() != QString::fromLatin1(carriedName(document)).toLower())
+    if (!comesFrom(document, source, data.first(nameEnd)))
         return {};
 
     QList<int> result;
@@ -65,9 +77,10 @@ const KWPixmaps &pixmapsFor(const QWidget *source)
 }
 } // namespace
 
-KWDragData::KWDragData(const QString &mimeType, const QByteArray &payload)
+KWDragData::KWDragData(const QString &mimeType, const QByteArray &payload, const QString &fileName)
     : m_mimeType(mimeType)
     , m_data(payload)
+    , m_fileName(fileName)
 {
 }
 
@@ -90,7 +103,8 @@ KWDrag::KWDrag(const KWDocument *document, const QList<KWGuest *> &guests, QWidg
     : QDrag(source)
 {
     setObjectName("drag guests"_L1);
-    setMimeData(new KWDragData(GuestType, payload(document, positionsOf(guests, document))));
+    setMimeData(new KWDragData(GuestType, payload(document, positionsOf(guests, document)),
+                               document->fileName()));
     setPixmap(pixmapsFor(source).dragGuest());
 }
 
@@ -98,7 +112,8 @@ KWDrag::KWDrag(const KWDocument *document, const KWTable *table, QWidget *source
     : QDrag(source)
 {
     setObjectName("drag table"_L1);
-    setMimeData(new KWDragData(TableType, payload(document, {document->indexOfTable(table)})));
+    setMimeData(new KWDragData(TableType, payload(document, {document->indexOfTable(table)}),
+                               document->fileName()));
     setPixmap(pixmapsFor(source).dragTable());
 }
 

@@ -7,14 +7,17 @@ class KWDocument;
 class KWGuest;
 class KWTable;
 
-/// What a KWDrag carries: one payload of one type, whose name matches in any letter case.
-/// An empty payload is not offered.
+/// What a KWDrag carries: one payload of one type, whose name matches in any letter case. An empty
+/// payload is listed among the formats but not there.
 class KWDragData : public QMimeData
 {
     Q_OBJECT
 
 public:
-    KWDragData(const QString &mimeType, const QByteArray &payload);
+    /// `fileName` is the plan's in full, for drops in this process.
+    KWDragData(const QString &mimeType, const QByteArray &payload, const QString &fileName);
+
+    QString fileName() const { return m_fileName; }
 
     QStringList formats() const override;
     bool hasFormat(const QString &mimeType) const override;
@@ -25,14 +28,16 @@ protected:
 private:
     QString m_mimeType;
     QByteArray m_data;
+    QString m_fileName;
 };
 
 /// A drag of guests or of a table between the panes of one plan. Owned as any QDrag: Qt deletes it
 /// behind its exec().
 ///
 /// It carries no objects but the plan's file name and their list positions, in Latin-1 with "#"
-/// between: "/plans/ann.kw#0#3". So a drop finds nothing in a plan of another name, and nothing at
-/// all in a plan whose path has a "#" in it.
+/// between: "/plans/ann.kw#0#3". So a drop finds nothing in a plan of another name, nothing in
+/// another process if the name has letters that Latin-1 lacks, and nothing at all in a plan whose
+/// path has a "#" in it.
 class KWDrag : public QDrag
 {
     Q_OBJECT

@@ -175,6 +175,17 @@ private slots:
         QCOMPARE(KWDrag::decodeTable(table.mimeData(), &plan), plan.tableAt(1));
     }
 
+    void namesThatDifferOnlyBeyondLatin1AreToldApart()
+    {
+        KWDocument sender;
+        fill(sender, s("/plans/婚礼.kw"));
+        KWDocument receiver;
+        fill(receiver, s("/plans/晚宴.kw"));
+        const KWDrag guests(&sender, {sender.guestAt(2)}, nullptr);
+        QCOMPARE(KWDrag::decodeGuests(guests.mimeData(), &receiver), QList<KWGuest *>());
+        QCOMPARE(decodedGuests(receiver, guestPayload(sender, {sender.guestAt(2)})), QString());
+    }
+
     void aDragFromAPlanWithTheSeparatorInItsPathFindsNothing_data()
     {
         QTest::addColumn<QString>("path");
