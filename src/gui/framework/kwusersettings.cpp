@@ -16,7 +16,12 @@ int KWUserSettings::solverStopCriteria() const
 
 bool KWUserSettings::flag(QAnyStringView key, bool missing) const
 {
-    return value(key, missing).toBool();
+    const QString stored = value(key).toString().toLower();
+    if (stored == u"true" || stored == u"false")
+        return stored == u"true";
+    bool isNumber = false;
+    const int number = stored.toInt(&isNumber);
+    return isNumber ? number != 0 : missing;
 }
 
 int KWUserSettings::number(QAnyStringView key, int missing, int smallest, int largest) const

@@ -125,6 +125,24 @@ private slots:
         QCOMPARE(settings.solverStopCriteria(), 2);
     }
 
+    void whatIsNeitherTrueNorFalseGivesTheDefault_data()
+    {
+        QTest::addColumn<QVariant>("stored");
+        QTest::newRow("word") << QVariant(s("banana"));
+        QTest::newRow("nothing") << QVariant(QString());
+        QTest::newRow("list") << QVariant(QStringList{s("true"), s("false")});
+    }
+
+    void whatIsNeitherTrueNorFalseGivesTheDefault()
+    {
+        QFETCH(QVariant, stored);
+        KWUserSettings settings;
+        settings.setValue("most_recent/show_at_start", stored);
+        settings.setValue("warning/delete_guest", stored);
+        QVERIFY(!settings.mostRecentShowAtStart());
+        QVERIFY(settings.warningDeleteGuest());
+    }
+
     void theRecentDialogAtStartMayBeStoredAsANumber()
     {
         KWUserSettings settings;
