@@ -6,9 +6,14 @@
 #include "kwprompts.h"
 #include "kwusersettings.h"
 
+#include <QApplication>
+
 namespace {
+/// The dialog that the message is about, if one is up.
 QWidget *parentOfBoxes()
 {
+    if (QWidget *dialog = QApplication::activeModalWidget())
+        return dialog;
     KWMainWindow *window = mainWin();
     return window ? window->widget() : nullptr;
 }

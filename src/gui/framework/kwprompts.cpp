@@ -1,23 +1,54 @@
 #include "kwprompts.h"
 
+#include "kwbusy.h"
+
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 
 namespace {
+
 KWPrompts *replacedPrompts = nullptr;
+
+/// The text with places to break in words that are too long for a box, as paths are.
+QString breakable(const QString &text)
+{
+    constexpr int longestWord = 40;
+    constexpr QChar zeroWidthSpace(0x200b);
+    QString result;
+    int length = 0;
+    for (const QChar letter : text) {
+        length = letter.isSpace() ? 0 : length + 1;
+        if (length > longestWord && !letter.isLowSurrogate() && !letter.isMark()) {
+            result.append(zeroWidthSpace);
+            length = 1;
+        }
+        result.append(letter);
+    }
+    return result;
+}
+
+/// What the user wants to save to. Qt would take a name with quotes apart as a list of names.
+QString savePath(const QFileDialog &dialog)
+{
+    const auto *edit = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    if (edit && edit->text().contains(u'"'))
+        return dialog.directory().absoluteFilePath(edit->text());
+    return dialog.selectedFiles().value(0);
+}
 } // namespace
 
 int KWPrompts::showMessage(QWidget *parent, const KWMessage &message)
 {
     QMessageBox box(message.icon == KWMessage::Warning ? QMessageBox::Warning
                                                        : QMessageBox::Critical,
-                    message.caption, message.text, QMessageBox::NoButton, parent);
+                    message.caption, breakable(message.text), QMessageBox::NoButton, parent);
     // A path in the text may hold what looks like markup.
     box.setTextFormat(Qt::PlainText);
     QList<QAbstractButton *> buttons;
@@ -49,13 +80,17 @@ KWFileAnswer KWPrompts::askFile(QWidget *parent, const KWFileQuestion &question)
         dialog.setDirectory(start.path());
         dialog.selectFile(start.fileName());
     }
+    const KWArrowCursor arrow;
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    return {dialog.selectedFiles().value(0), dialog.selectedNameFilter()};
+    const bool saves = question.mode == KWFileQuestion::Save;
+    return {saves ? savePath(dialog) : dialog.selectedFiles().value(0),
+            dialog.selectedNameFilter()};
 }
 
 std::optional<QFont> KWPrompts::askFont(QWidget *parent, const QFont &start)
 {
+    const KWArrowCursor arrow;
     bool chosen = false;
     const QFont font = QFontDialog::getFont(&chosen, start, parent);
     return chosen ? std::optional(font) : std::nullopt;
@@ -63,12 +98,14 @@ std::optional<QFont> KWPrompts::askFont(QWidget *parent, const QFont &start)
 
 std::optional<QColor> KWPrompts::askColour(QWidget *parent, const QColor &start)
 {
+    const KWArrowCursor arrow;
     const QColor colour = QColorDialog::getColor(start, parent);
     return colour.isValid() ? std::optional(colour) : std::nullopt;
 }
 
 bool KWPrompts::askPrinter(QWidget *parent, QPrinter &printer)
 {
+    const KWArrowCursor arrow;
     return QPrintDialog(&printer, parent).exec() == QDialog::Accepted;
 }
 

@@ -78,6 +78,18 @@ private slots:
         warningBox(s("Really?"), s("&Yes"));
         QCOMPARE(user.parent, nullptr);
     }
+
+    void theBoxStandsOverTheDialogThatItIsAbout()
+    {
+        NotingPrompts user;
+        FakeMainWindow window;
+        QDialog dialog;
+        dialog.setModal(true);
+        dialog.show();
+        QTRY_COMPARE(QApplication::activeModalWidget(), &dialog);
+        warningBox(s("Discard changes?"), s("&Yes"), s("&No"));
+        QCOMPARE(user.parent, &dialog);
+    }
 };
 
 GUI_TEST_MAIN(TestKWMessages)

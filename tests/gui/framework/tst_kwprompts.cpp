@@ -1,4 +1,5 @@
 #include "guitest.h"
+#include "kwbusy.h"
 #include "kwprompts.h"
 #include "modaluser.h"
 #include "scriptedprompts.h"
@@ -162,6 +163,39 @@ private slots:
             typeName(dialog, s("new plan"));
         });
         QCOMPARE(answer.path, testHome().path(s("new plan")));
+    }
+
+    void aNameWithQuotesIsTakenAsItStands()
+    {
+        const QString name = s("Ann \"Bee\" wedding.kw");
+        KWFileAnswer answer = ask(saveQuestion(testHome().path({})),
+                                  [&](QFileDialog &dialog) { typeName(dialog, name); });
+        QCOMPARE(answer.path, testHome().path(name));
+        answer = ask(saveQuestion(testHome().path(name)), [](QFileDialog &dialog) {
+            QTest::keyClick(dialog.findChild<QLineEdit *>(s("fileNameEdit")), Qt::Key_Return);
+        });
+        QCOMPARE(answer.path, testHome().path(name));
+    }
+
+    void theArrowIsUpOverADialogInABusyStretch()
+    {
+        const KWBusy busy;
+        ask(saveQuestion(testHome().path({})), [](QFileDialog &dialog) {
+            QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+            dialog.reject();
+        });
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+
+    void aLongPathInAMessageMayBreak()
+    {
+        KWMessage question = message({s("&OK")});
+        question.text = s("Unable to open file '/%1'").arg(QString(240, u'a'));
+        ask(question, [&](QMessageBox &box) {
+            QCOMPARE(box.text().remove(QChar(0x200b)), question.text);
+            QVERIFY2(box.width() < 700, qPrintable(QString::number(box.width())));
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
     }
 
     void aFileDialogCancelledGivesNoPath()
