@@ -14,6 +14,12 @@ ModalUser::ModalUser()
     m_timer.start(interval);
 }
 
+ModalUser::~ModalUser()
+{
+    if (!m_steps.isEmpty())
+        QTest::qFail("a dialog that was expected did not come", __FILE__, __LINE__);
+}
+
 void ModalUser::look()
 {
     auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());

@@ -9,13 +9,14 @@
 
 /// Plays the user of modal dialogs: each step waits for a dialog of its class to be up and acts on
 /// it. A dialog that a step does not expect, or that a step leaves up, is rejected and fails the
-/// test after a while.
+/// test after a while; so does a step that no dialog has come for in the end.
 class ModalUser : public QObject
 {
     Q_OBJECT
 
 public:
     ModalUser();
+    ~ModalUser() override;
 
     template <typename Dialog>
     void onDialog(const std::function<void(Dialog &)> &act)

@@ -10,6 +10,8 @@ ScriptedPrompts::ScriptedPrompts()
 ScriptedPrompts::~ScriptedPrompts()
 {
     setPrompts(nullptr);
+    if (!m_answers.isEmpty())
+        QTest::qFail("there are answers that nothing asked for", __FILE__, __LINE__);
 }
 
 void ScriptedPrompts::answer(const QString &button)

@@ -6,7 +6,8 @@
 
 /// Takes the place of the real message boxes and file, font, colour and print dialogs while it
 /// lives. A test gives the answers in the order in which they will be needed and then looks at
-/// what was asked. A question without an answer, or with one that does not fit, fails the test.
+/// what was asked. A question without an answer, or with one that does not fit, and an answer
+/// without a question fail the test.
 class ScriptedPrompts : public KWPrompts
 {
 public:
