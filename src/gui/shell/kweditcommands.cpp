@@ -62,6 +62,14 @@ void KWEditCommands::updateUndoActions()
     m_ui->m_editRedoAction->setText(m_redoDocument ? tr("&Redo %1").arg(m_undoLabel) : tr("&Redo"));
 }
 
+void KWEditCommands::markUndoStatesModified()
+{
+    for (KWDocument *plan : {m_undoDocument.get(), m_redoDocument.get()}) {
+        if (plan)
+            plan->setModified(true);
+    }
+}
+
 void KWEditCommands::editUndo()
 {
     swapPlans(m_undoDocument, m_redoDocument);
@@ -88,6 +96,7 @@ void KWEditCommands::swapPlans(std::unique_ptr<KWDocument> &source,
     plan->recalculateScores();
     updateUndoActions();
     m_window->updateActionsOnViewChange();
+    emit planExchanged();
 }
 
 void KWEditCommands::editDelete()

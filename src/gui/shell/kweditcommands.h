@@ -29,6 +29,8 @@ public:
     void saveUndoState(const QString &label);
     /// Forgets what could be undone and redone.
     void clearUndoStates();
+    /// What could be undone or redone is no longer what the plan's file holds.
+    void markUndoStatesModified();
     /// Brings the two actions up to date.
     void updateUndoActions();
 
@@ -46,6 +48,10 @@ public slots:
     void editSetAffinityNeutral() { setAffinity(2); }
     void editSetAffinityDislikes() { setAffinity(3); }
     void editSetAffinityHates() { setAffinity(4); }
+
+signals:
+    /// The plan is another one, perhaps with another file.
+    void planExchanged();
 
 private:
     /// Exchanges the live plan with `source`, which goes, and keeps a copy in `target`.

@@ -143,13 +143,14 @@ void KWFileCommands::openPlan(const QString &path)
         if (floorPlan)
             floorPlan->beginUpdateBlock();
         KWViewSettings settings;
-        result = plan->load(path, settings, otherVersion);
+        result = loadPlan(path, settings, otherVersion);
         if (result == KWDocument::FileOk) {
             m_panes->setViewSettings(settings);
             plan->announceRefresh();
             m_changedSinceBackup = false;
             m_edit->clearUndoStates();
             addToRecentFiles(path);
+            updateMostRecentAction();
         } else {
             // Or saving would put the empty plan in the place of the file.
             plan->setFileName(QString());
@@ -161,6 +162,17 @@ void KWFileCommands::openPlan(const QString &path)
     }
     if (result == KWDocument::FileOk && otherVersion)
         warnOfOtherVersion();
+}
+
+int KWFileCommands::loadPlan(const QString &path, KWViewSettings &settings, bool &otherVersion)
+{
+    const QFileInfo file(path);
+    if (file.exists() && !file.isFile()) {
+        // Reading a pipe or a device might never end.
+        m_window->document()->clear();
+        return KWDocument::FileCannotOpen;
+    }
+    return m_window->document()->load(path, settings, otherVersion);
 }
 
 void KWFileCommands::reportLoadResult(int result, const QString &path)
@@ -229,11 +241,12 @@ void KWFileCommands::savePlan(const QString &path)
     const KWBusy busy;
     m_window->showStatusMessage(tr("Saving %1").arg(path));
     // A backup that failed was logged and does not keep the user from saving.
-    if (m_window->userSettings()->backupOnSave() && QFile::exists(path))
+    if (m_window->userSettings()->backupOnSave() && QFileInfo(path).isFile())
         backupPlan(path);
     m_changedSinceBackup = false;
     if (m_window->document()->save(path, m_panes->viewSettings()) == KWDocument::FileOk) {
         m_window->showStatusMessage(tr("Saved %1").arg(path));
+        m_edit->markUndoStatesModified();
         addToRecentFiles(path);
     } else {
         errorBox(tr("Unable to save plan to '%1'\nThe file may be read-only or you may have "
@@ -278,6 +291,8 @@ bool KWFileCommands::copyFile(const QString &from, const QString &to)
     if (!source.open(QIODevice::ReadOnly) ||
         !target.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
+    // What nobody else may read in the plan stays so in its copy.
+    target.setPermissions(source.permissions());
     constexpr qint64 blockSize = 512;
     QByteArray block;
     do {

@@ -11,6 +11,7 @@ class KWEditCommands;
 class KWMainWindow;
 class KWPanes;
 class KWTimer;
+struct KWViewSettings;
 
 namespace Ui {
 class KWMainWin;
@@ -76,7 +77,8 @@ public slots:
 private:
     enum SaveAnswer { Save, DontSave, Cancel };
     SaveAnswer askToSave();
-    void fitFloorPlan();
+    /// The result of KWDocument::load(), which is left to read files only.
+    int loadPlan(const QString &path, KWViewSettings &settings, bool &otherVersion);
     void reportLoadResult(int result, const QString &path);
     void warnOfOtherVersion();
 

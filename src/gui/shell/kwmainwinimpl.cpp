@@ -24,12 +24,27 @@
 #include "ui_kwmainwin.h"
 
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QPrinter>
+#include <QThread>
 #include <QTimer>
+#include <QWindow>
 
 namespace {
 constexpr int messageTime = 2000;
 constexpr int splashTime = 1000;
+
+/// Until the window has its place on the screen, over which a message about the plan will stand.
+void waitUntilPlaced(const QWidget &window)
+{
+    constexpr int patience = 500;
+    QElapsedTimer timer;
+    timer.start();
+    while (!window.windowHandle()->isExposed() && timer.elapsed() < patience) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
+}
 } // namespace
 
 KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
@@ -54,6 +69,10 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
     m_editCommands = new KWEditCommands(this, m_ui.get(), this, m_panes);
     m_fileCommands = new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, clock);
     m_helpCommands = new KWHelpCommands(this, m_ui.get(), this);
+    connect(m_editCommands, &KWEditCommands::planExchanged, this, [this] {
+        updateCaption(m_document.fileName());
+        m_fileCommands->updateMostRecentAction();
+    });
     connect(m_ui->m_fileExitAction, &QAction::triggered, this, &QWidget::close);
 }
 
@@ -82,8 +101,10 @@ void KWMainWinImpl::initialise(KWSplashScreen *splash, const QStringList &argume
     if (splash)
         QTimer::singleShot(splashTime, splash, &QWidget::close);
     updateCaption(QString());
-    if (arguments.size() > 1)
+    if (arguments.size() > 1) {
+        waitUntilPlaced(*this);
         m_fileCommands->openPlan(arguments.at(1));
+    }
     // Not before the plan is open, or it would be backed up at once.
     m_fileCommands->setupAutoSave(m_userSettings->backupAutoOn(),
                                   m_userSettings->backupAutoInterval());
@@ -177,7 +198,8 @@ KWView *KWMainWinImpl::activeView() const
 
 void KWMainWinImpl::showStatusMessage(const QString &text)
 {
-    m_statusBar->showMessage(text, messageTime);
+    if (m_statusBar)
+        m_statusBar->showMessage(text, messageTime);
 }
 
 void KWMainWinImpl::setProgress(int percent)
@@ -189,7 +211,9 @@ void KWMainWinImpl::setProgress(int percent)
 void KWMainWinImpl::updateCaption(const QString &docPath)
 {
     const QString file = docPath.isEmpty() ? tr("<unsaved>") : QFileInfo(docPath).fileName();
-    setWindowTitle(productName() + QStringLiteral(" - ") + file);
+    // Qt takes "[*]" for the place of a mark of modified windows.
+    setWindowTitle(productName() + QStringLiteral(" - ") +
+                   QString(file).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
 void KWMainWinImpl::updateActionsOnPaneViewChange(QWidget *page)

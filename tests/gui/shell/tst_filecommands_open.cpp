@@ -149,6 +149,23 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
+    void whatIsNoFileIsNotReadAsItMightNeverEnd()
+    {
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        open.prompts.answer(s("&OK"));
+        open.window.fileCommands()->openPlan(s("/dev/zero"));
+        QCOMPARE(onlyMessage(open), s("error: Unable to open file '/dev/zero' [&OK]"));
+        QVERIFY(open.plan().isEmpty());
+    }
+
+    void aNameMayLookLikeTheMarkOfAModifiedWindow()
+    {
+        PlanFolder folder;
+        const OpenWindow open({folder.writePlan(s("a[*]b.kw"))});
+        QCOMPARE(open.window.windowTitle(), s("Ambrelune - a[*][*]b.kw"));
+    }
+
     void theFloorPlanPaintsNothingWhileAPlanIsLoaded()
     {
         PlanFolder folder;
@@ -284,6 +301,15 @@ private slots:
         openPlan(open, folder.writePlan(s("one.kw")));
         QVERIFY(!open.action("m_openRecentAction")->isEnabled());
         openPlan(open, folder.writePlan(s("two.kw")));
+        QVERIFY(open.action("m_openRecentAction")->isEnabled());
+    }
+
+    void openRecentIsOnWhileABackupOfTheOnlyEntryIsOpen()
+    {
+        PlanFolder folder;
+        OpenWindow open;
+        openPlan(open, folder.writePlan(s("one.kw")));
+        openPlan(open, folder.writePlan(s("one.kwb")));
         QVERIFY(open.action("m_openRecentAction")->isEnabled());
     }
 

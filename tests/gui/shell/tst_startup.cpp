@@ -118,6 +118,19 @@ private slots:
         QCOMPARE(open.plan().fileName(), path);
     }
 
+    void theRecentDialogFollowsTheGettingStartedDialog()
+    {
+        const QString path = copiedExample("small.kw");
+        KWUserSettings().setHelpShowGettingStarted(true);
+        KWUserSettings().setMostRecentShowAtStart(true);
+        KWUserSettings().setMostRecentFiles({path});
+        ModalUser user;
+        user.onDialog<KWGettingStartedDlgImpl>([](QDialog &dialog) { dialog.accept(); });
+        user.onDialog<KWRecentlyOpenedDlgImpl>([](QDialog &dialog) { dialog.accept(); });
+        OpenWindow open;
+        QCOMPARE(open.plan().fileName(), path);
+    }
+
     void withoutRecentPlansTheRecentDialogStaysAway()
     {
         KWUserSettings().setMostRecentShowAtStart(true);

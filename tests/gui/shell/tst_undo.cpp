@@ -1,7 +1,9 @@
 #include "eventlog.h"
 #include "fakeview.h"
+#include "kwfilecommands.h"
 #include "kwlefttab.h"
 #include "openwindow.h"
+#include "planfolder.h"
 #include "testplan.h"
 
 namespace {
@@ -152,6 +154,50 @@ private slots:
         QVERIFY(QFile::exists(testHome().path(s("undo.kw"))));
         QCOMPARE(menuTexts(open), s("&Undo Lock on, &Redo off"));
         QFile::remove(testHome().path(s("undo.kw")));
+    }
+
+    void theCaptionFollowsTheFileOfThePlanThatCameBack()
+    {
+        PlanFolder folder;
+        OpenWindow open({folder.writePlan(s("one.kw"))});
+        open.window.saveUndoState(s("Lock"));
+        open.prompts.answerFile(folder.path(s("two.kw")));
+        open.run("m_fileSaveAsAction");
+        QCOMPARE(open.window.windowTitle(), s("Ambrelune - two.kw"));
+        open.run("m_editUndoAction");
+        QCOMPARE(open.plan().fileName(), folder.path(s("one.kw")));
+        QCOMPARE(open.window.windowTitle(), s("Ambrelune - one.kw"));
+        open.run("m_editRedoAction");
+        QCOMPARE(open.window.windowTitle(), s("Ambrelune - two.kw"));
+    }
+
+    void anUndoBehindAFailedOpenBringsThePlansNameBack()
+    {
+        PlanFolder folder;
+        OpenWindow open({folder.writePlan(s("one.kw"))});
+        open.window.saveUndoState(s("Lock"));
+        open.prompts.answer(s("&OK"));
+        open.window.fileCommands()->openPlan(s("/no/such/plan.kw"));
+        QVERIFY(open.action("m_openRecentAction")->isEnabled());
+        open.run("m_editUndoAction");
+        QCOMPARE(open.window.windowTitle(), s("Ambrelune - one.kw"));
+        QVERIFY(!open.action("m_openRecentAction")->isEnabled());
+    }
+
+    void whatIsUndoneAfterASaveIsAskedAboutBeforeItIsLost()
+    {
+        PlanFolder folder;
+        OpenWindow open({folder.writePlan(s("one.kw"))});
+        QVERIFY(!open.plan().isModified());
+        open.window.saveUndoState(s("Accept"));
+        open.plan().setGuestAccepted(open.plan().guestAt(0), true);
+        open.run("m_fileSaveAction");
+        QVERIFY(!open.plan().isModified());
+        open.run("m_editUndoAction");
+        QVERIFY(open.plan().isModified());
+        open.run("m_fileSaveAction");
+        open.run("m_editRedoAction");
+        QVERIFY(open.plan().isModified());
     }
 
     void aPlanWithoutWishesIsUnmodifiedAgainAfterAnUndo()
