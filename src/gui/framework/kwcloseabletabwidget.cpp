@@ -23,8 +23,11 @@ void KWCloseableTabWidget::addPage(QWidget *page, const QPixmap &icon, const QSt
                                    const QString &label)
 {
     page->setObjectName(name);
-    if (auto *view = dynamic_cast<QWidget *>(viewOn(page)))
+    if (auto *view = dynamic_cast<QWidget *>(viewOn(page))) {
         view->setWindowIcon(icon);
+        if (view->objectName().isEmpty())
+            view->setObjectName(name);
+    }
     addTab(page, icon, label);
 }
 

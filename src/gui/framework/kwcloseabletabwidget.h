@@ -14,7 +14,8 @@ public:
     KWCloseableTabWidget(QWidget *parent, const QString &name);
 
     /// Adds a page, which is a view or a pair of view and filter panel. It gets the object name
-    /// `name`; its view and the tab get the icon. `label` is what the tab shows.
+    /// `name`, and so does a view in it that has none; the view and the tab get the icon. `label`
+    /// is what the tab shows.
     void addPage(QWidget *page, const QPixmap &icon, const QString &name, const QString &label);
 
     /// The view on a page; null for null and for a page that holds none.

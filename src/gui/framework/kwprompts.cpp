@@ -8,6 +8,7 @@
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -46,19 +47,24 @@ QString savePath(const QFileDialog &dialog)
 
 int KWPrompts::showMessage(QWidget *parent, const KWMessage &message)
 {
-    QMessageBox box(message.icon == KWMessage::Warning ? QMessageBox::Warning
-                                                       : QMessageBox::Critical,
-                    message.caption, breakable(message.text), QMessageBox::NoButton, parent);
+    // A parent that deletes itself meanwhile takes the box along.
+    const QPointer<QMessageBox> box = new QMessageBox(
+        message.icon == KWMessage::Warning ? QMessageBox::Warning : QMessageBox::Critical,
+        message.caption, breakable(message.text), QMessageBox::NoButton, parent);
     // A path in the text may hold what looks like markup.
-    box.setTextFormat(Qt::PlainText);
+    box->setTextFormat(Qt::PlainText);
     QList<QAbstractButton *> buttons;
     for (const QString &text : message.buttons) {
         // Buttons of this role keep their order under every desktop's conventions.
-        buttons.append(box.addButton(text, QMessageBox::ActionRole));
+        buttons.append(box->addButton(text, QMessageBox::ActionRole));
     }
-    box.setDefaultButton(qobject_cast<QPushButton *>(buttons.value(message.defaultButton)));
-    box.exec();
-    return static_cast<int>(buttons.indexOf(box.clickedButton()));
+    box->setDefaultButton(qobject_cast<QPushButton *>(buttons.value(message.defaultButton)));
+    box->exec();
+    if (!box)
+        return -1;
+    const auto index = static_cast<int>(buttons.indexOf(box->clickedButton()));
+    delete box;
+    return index;
 }
 
 KWFileAnswer KWPrompts::askFile(QWidget *parent, const KWFileQuestion &question)

@@ -24,7 +24,7 @@ public:
     virtual void unassign() = 0;
     virtual void print() = 0;
     virtual void copy() = 0;
-    /// Turns the selected table by a quarter.
+    /// Turns the selected table one step clockwise.
     virtual void rotate() = 0;
     /// Sets the proximity among the selected guests: 0 next to, 1 near to, 2 neutral, 3 not next
     /// to, 4 not near to.

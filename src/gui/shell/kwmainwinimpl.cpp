@@ -79,6 +79,9 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
 KWMainWinImpl::~KWMainWinImpl()
 {
     modelHooks() = {};
+    setActiveView(nullptr);
+    for (KWCloseableTabWidget *tab : findChildren<KWCloseableTabWidget *>())
+        tab->blockSignals(true);
     // The views look into the plan, which would go before them.
     delete takeCentralWidget();
 }
@@ -88,7 +91,7 @@ void KWMainWinImpl::initialise(KWSplashScreen *splash, const QStringList &argume
     m_fileCommands->loadRecentFiles();
     m_panes->create(this, &m_document);
     connectPanes();
-    makeToolBars();
+    finishActions();
     delete statusBar();
     m_statusBar = new KWStatusBar(this);
     setStatusBar(m_statusBar);
@@ -152,7 +155,7 @@ void KWMainWinImpl::connectPanes()
     }
 }
 
-void KWMainWinImpl::makeToolBars()
+void KWMainWinImpl::finishActions()
 {
     const KWPixmaps &pixmaps = KWPixmaps::instance();
     m_ui->m_viewLeftPaneAction->setIcon(pixmaps.leftPane());
@@ -161,6 +164,17 @@ void KWMainWinImpl::makeToolBars()
     m_ui->m_helpWhatsThisAction->setIcon(pixmaps.whatsThis());
     m_ui->m_helpContextSensitiveAction->setShortcut(QStringLiteral("F1"));
     m_ui->m_helpWhatsThisAction->setShortcut(QStringLiteral("Shift+F1"));
+    // It stands in no menu of the window, whose keys it needs.
+    addAction(m_ui->m_showGuestInPlanAction);
+    translateActions();
+}
+
+void KWMainWinImpl::translateActions()
+{
+    m_ui->m_proximityMenu->menuAction()->setToolTip(tr("Set desired proximity"));
+    // A tool button takes the text of its action, again at each of its changes.
+    for (QAction *action : findChildren<QAction *>())
+        action->setWhatsThis(action->toolTip());
 }
 
 void KWMainWinImpl::makeHiddenShortcuts()
@@ -261,6 +275,7 @@ void KWMainWinImpl::handleDocError(const QString &err)
 void KWMainWinImpl::languageChange()
 {
     m_ui->retranslateUi(this);
+    translateActions();
     m_editCommands->updateUndoActions();
     updateScore();
     updatePrintAction();

@@ -78,7 +78,9 @@ private:
     void setModelHooks();
     void disableUnbuiltCommands();
     void connectPanes();
-    void makeToolBars();
+    void finishActions();
+    /// What the form cannot say about the actions, in the language of the moment.
+    void translateActions();
     void makeHiddenShortcuts();
     void showStartDialogs();
 

@@ -22,7 +22,7 @@ void KWPanes::create(QMainWindow *window, KWDocument *document)
 
 KWView *KWPanes::viewOn(QWidget *page) const
 {
-    if (m_leftTab->indexOf(page) < 0 && m_topTab->indexOf(page) < 0)
+    if (!m_topTab || (m_leftTab->indexOf(page) < 0 && m_topTab->indexOf(page) < 0))
         return nullptr;
     return KWCloseableTabWidget::viewOn(page);
 }
@@ -34,11 +34,13 @@ KWView *KWPanes::topView() const
 
 KWView *KWPanes::floorPlanView() const
 {
-    return m_topTab->viewNamed(u"Floor plan");
+    return m_topTab ? m_topTab->viewNamed(u"Floor plan") : nullptr;
 }
 
 QList<KWView *> KWPanes::viewsToBlock() const
 {
+    if (!m_topTab)
+        return {};
     QList<KWView *> views{m_bottomTab->viewNamed(u"Proximity"), m_leftTab->viewNamed(u"Guests"),
                           m_leftTab->viewNamed(u"Groups"), floorPlanView(),
                           m_topTab->viewNamed(u"Schematic")};

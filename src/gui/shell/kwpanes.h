@@ -12,7 +12,7 @@ class KWView;
 class QMainWindow;
 
 /// The three panes round the main window's centre and the views in them. The widgets belong to
-/// the window; until create() there are none.
+/// the window; until create() there are none, and nothing is found.
 class KWPanes : public QObject
 {
     Q_OBJECT

@@ -94,17 +94,20 @@ void KWViewCommands::updateCopyAction()
 
 void KWViewCommands::showLeftPane(bool on)
 {
-    m_panes->leftTab()->setVisible(on);
+    if (QWidget *tab = m_panes->leftTab())
+        tab->setVisible(on);
 }
 
 void KWViewCommands::showTopPane(bool on)
 {
-    m_panes->topTab()->setVisible(on);
+    if (QWidget *tab = m_panes->topTab())
+        tab->setVisible(on);
 }
 
 void KWViewCommands::showBottomPane(bool on)
 {
-    m_panes->bottomTab()->setVisible(on);
+    if (QWidget *tab = m_panes->bottomTab())
+        tab->setVisible(on);
 }
 
 void KWViewCommands::filePrint()

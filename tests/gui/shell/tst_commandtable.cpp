@@ -199,6 +199,10 @@ private slots:
         const auto *group =
             m_open->window.findChild<QActionGroup *>(s("m_editSetAffinityActionGroup"));
         QVERIFY(group && !group->isExclusive() && !group->isEnabled());
+        const auto *menu = m_open->window.findChild<QMenu *>(s("m_proximityMenu"));
+        QCOMPARE(menu->menuAction()->iconText(), s("Proximity"));
+        QCOMPARE(menu->menuAction()->text(), s("Pro&ximity"));
+        QCOMPARE(menu->menuAction()->toolTip(), s("Set desired proximity"));
         QCOMPARE(contents(group->actions()),
                  s("m_editSetAffinityLovesAction m_editSetAffinityLikesAction "
                    "m_editSetAffinityNeutralAction m_editSetAffinityDislikesAction "
@@ -268,6 +272,17 @@ private slots:
         clashes.sort();
         QCOMPARE(clashes, QStringList({s("&Properties.../&Preferences..."),
                                        s("Guest &couple.../&Custom table...")}));
+    }
+
+    void ctrlWReachesItsCommandThoughItStandsInNoMenu()
+    {
+        QAction *action = m_open->action("m_showGuestInPlanAction");
+        QSignalSpy triggered(action, &QAction::triggered);
+        action->setEnabled(true);
+        QVERIFY(QTest::qWaitForWindowActive(&m_open->window));
+        QTest::keySequence(&m_open->window, QKeySequence(s("Ctrl+W")));
+        action->setEnabled(false);
+        QCOMPARE(triggered.size(), 1);
     }
 
     void theToolBarsAreAsListed()

@@ -12,6 +12,12 @@ QString undoText(const OpenWindow &open)
     return open.action("m_editUndoAction")->text();
 }
 
+bool waits()
+{
+    const QCursor *cursor = QApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::WaitCursor;
+}
+
 /// A window with one active view that can do everything.
 struct ActiveView
 {
@@ -45,11 +51,13 @@ private slots:
         QTest::addColumn<QByteArray>("action");
         QTest::addColumn<QString>("call");
         QTest::addColumn<QString>("label");
-        const auto row = [](const char *action, const char *call, const char *label) {
-            QTest::newRow(action) << QByteArray(action) << s(call) << s(label);
+        QTest::addColumn<bool>("isBusy");
+        const auto row = [](const char *action, const char *call, const char *label,
+                            bool isBusy = true) {
+            QTest::newRow(action) << QByteArray(action) << s(call) << s(label) << isBusy;
         };
         row("m_editUnassignSeatAction", "unassign", "&Undo Unassign");
-        row("m_editRotateTableAction", "rotate", "&Undo Rotate");
+        row("m_editRotateTableAction", "rotate", "&Undo Rotate", false);
         row("m_editLockAction", "setLocked 1", "&Undo Lock");
         row("m_editAcceptedAction", "setAccepted 1", "&Undo Set accepted");
         row("m_editSetAffinityLovesAction", "setAffinity 0", "&Undo Proximity");
@@ -58,7 +66,7 @@ private slots:
         row("m_editSetAffinityDislikesAction", "setAffinity 3", "&Undo Proximity");
         row("m_editSetAffinityHatesAction", "setAffinity 4", "&Undo Proximity");
         // The dialogs behind the properties make undo points of their own.
-        row("m_editPropertiesAction", "editProperties", "&Undo");
+        row("m_editPropertiesAction", "editProperties", "&Undo", false);
     }
 
     void theCommandReachesTheActiveViewBehindItsUndoPoint()
@@ -66,9 +74,18 @@ private slots:
         QFETCH(QByteArray, action);
         QFETCH(QString, call);
         QFETCH(QString, label);
+        QFETCH(bool, isBusy);
         ActiveView active;
+        QString labelInCall;
+        bool isBusyInCall = !isBusy;
+        active.view->onCall = [&] {
+            labelInCall = undoText(active.open);
+            isBusyInCall = waits();
+        };
         active.open.run(action.constData());
         QCOMPARE(active.view->calls, QStringList{call});
+        QCOMPARE(labelInCall, label);
+        QCOMPARE(isBusyInCall, isBusy);
         QCOMPARE(undoText(active.open), label);
         QVERIFY(!QApplication::overrideCursor());
     }
@@ -76,6 +93,8 @@ private slots:
     void withoutAnActiveViewACommandDoesNothing_data()
     {
         theCommandReachesTheActiveViewBehindItsUndoPoint_data();
+        QTest::newRow("m_editDeleteAction")
+            << QByteArray("m_editDeleteAction") << QString() << QString() << true;
     }
 
     void withoutAnActiveViewACommandDoesNothing()
@@ -143,6 +162,16 @@ private slots:
             QVERIFY2(view->updatesEnabled(), qPrintable(view->objectName()));
     }
 
+    void withoutATopViewNothingIsPrintedOrCopied()
+    {
+        OpenWindow open;
+        for (const char *name : {"m_filePrintAction", "m_editCopyAction"}) {
+            open.action(name)->setEnabled(true);
+            open.run(name);
+        }
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
     void aDeletionThatIsRefusedHasUsedUpTheUndoLevel()
     {
         ActiveView active;
@@ -150,7 +179,7 @@ private slots:
         const QByteArray before = active.open.plan().toPlanText({});
         active.open.window.saveUndoState(s("Lock"));
         active.open.run("m_editUndoAction");
-        active.view->onDelete = [] {};
+        active.view->onCall = [] {};
         active.open.run("m_editDeleteAction");
         QCOMPARE(undoText(active.open), s("&Undo Delete"));
         QVERIFY(active.open.action("m_editUndoAction")->isEnabled());
@@ -163,7 +192,7 @@ private slots:
     {
         ActiveView active;
         QString seen;
-        active.view->onDelete = [&] { seen = undoText(active.open); };
+        active.view->onCall = [&] { seen = undoText(active.open); };
         active.open.run("m_editDeleteAction");
         QCOMPARE(seen, s("&Undo Delete"));
     }
@@ -171,7 +200,7 @@ private slots:
     void deletingBringsTheActionsUpToDate()
     {
         ActiveView active;
-        active.view->onDelete = [&] { active.view->answers.canDelete = false; };
+        active.view->onCall = [&] { active.view->answers.canDelete = false; };
         active.open.run("m_editDeleteAction");
         QVERIFY(!active.open.action("m_editDeleteAction")->isEnabled());
         QVERIFY(!QApplication::overrideCursor());
@@ -187,8 +216,11 @@ private slots:
         plan->answers.canCopy = true;
         addGuest(open.plan(), {"Ann"});
         open.window.setActiveView(guests);
+        QList<bool> busy;
+        plan->onCall = [&busy] { busy.append(waits()); };
         open.run("m_filePrintAction");
         open.run("m_editCopyAction");
+        QCOMPARE(busy, QList<bool>({false, true}));
         QCOMPARE(plan->calls, QStringList({s("print"), s("copy")}));
         QCOMPARE(guests->calls, QStringList());
         QVERIFY(!QApplication::overrideCursor());

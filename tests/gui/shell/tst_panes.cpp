@@ -90,29 +90,6 @@ private slots:
         QVERIFY(!open.window.panes()->topTab()->debugView());
     }
 
-    void thePairHasItsFilterAboveTheViewWhichTakesAllTheHeight()
-    {
-        KWDocument plan;
-        Pair pair(nullptr, &plan, false);
-        QCOMPARE(pair.filter()->view(), pair.view());
-        const QLayout *box = pair.layout();
-        QCOMPARE(box->itemAt(0)->widget(), pair.filter());
-        QCOMPARE(box->itemAt(1)->widget(), pair.view());
-        QCOMPARE(pair.view()->sizePolicy().verticalStretch(), 1);
-        QCOMPARE(pair.filter()->sizePolicy().verticalStretch(), 0);
-        QCOMPARE(pair.view()->document(), &plan);
-    }
-
-    void aPairMayHaveItsViewFirst()
-    {
-        KWDocument plan;
-        Pair pair(nullptr, &plan, true);
-        QCOMPARE(pair.filter()->view(), pair.view());
-        QCOMPARE(pair.layout()->itemAt(0)->widget(), pair.view());
-        QCOMPARE(pair.view()->sizePolicy().verticalStretch(), 1);
-        QCOMPARE(pair.filter()->sizePolicy().verticalStretch(), 0);
-    }
-
     void thePageOfAPairGivesItsView()
     {
         OpenWindow open;
@@ -124,6 +101,7 @@ private slots:
         QCOMPARE(tab->viewNamed(u"Guests"), pair->view());
         QVERIFY(!tab->viewNamed(u"Groups"));
         QVERIFY(!tab->tabIcon(0).isNull());
+        QCOMPARE(pair->view()->objectName(), s("Guests"));
         auto *other = new QWidget;
         tab->addTab(other, s("Other"));
         QVERIFY(!KWCloseableTabWidget::viewOn(other));
@@ -211,8 +189,38 @@ private slots:
         QCOMPARE(open.window.activeView(), groups);
         panes->leftTab()->setCurrentWidget(guests);
         QCOMPARE(open.window.activeView(), guests);
+        FakeView *chart = open.addView(panes->topTab(), s("Table chart"));
+        panes->topTab()->setCurrentWidget(chart);
+        QCOMPARE(open.window.activeView(), chart);
         open.window.updateActionsOnPaneViewChange(plan);
         QCOMPARE(open.window.activeView(), plan);
+    }
+
+    void theViewsGoBeforeThePlan()
+    {
+        /// Looks into the plan as it goes.
+        class LastLook : public FakeView
+        {
+        public:
+            LastLook(KWDocument *document, QString *name)
+                : FakeView(document, s("Guests"))
+                , m_name(name)
+            {
+            }
+            ~LastLook() override { *m_name = document()->event(); }
+
+        private:
+            QString *m_name;
+        };
+        QString name;
+        {
+            OpenWindow open;
+            auto *view = new LastLook(open.window.document(), &name);
+            open.window.panes()->leftTab()->addPage(view, blueSquare(), s("Guests"), s("Guests"));
+            open.window.setActiveView(view);
+            open.plan().setEvent(s("Midsummer"));
+        }
+        QCOMPARE(name, s("Midsummer"));
     }
 
     void aPageOfNeitherPaneGivesNoActiveView()

@@ -2,6 +2,7 @@
 #include "kwfilecommands.h"
 #include "kwgettingstarteddlgimpl.h"
 #include "kwlefttab.h"
+#include "kwmodelhooks.h"
 #include "kwrecentlyopeneddlgimpl.h"
 #include "kwsplashscreen.h"
 #include "kwtimer.h"
@@ -300,6 +301,7 @@ private slots:
             for (QAction *action : bar->actions()) {
                 if (action->isSeparator())
                     continue;
+                action->setEnabled(!action->isEnabled());
                 QCOMPARE(bar->widgetForAction(action)->whatsThis(), action->toolTip());
                 ++found;
             }
@@ -307,18 +309,56 @@ private slots:
         QCOMPARE(found, 25);
     }
 
-    void theWindowKnowsItsNameAndVersion()
+    void theWindowIsTheMainWindowAndHasThePrinter()
     {
         OpenWindow open;
         QCOMPARE(open.window.objectName(), s("main window"));
-        QCOMPARE(KWMainWindow::productName(), s("Ambrelune"));
-        QCOMPARE(KWMainWindow::versionText(), s("1.2.14"));
         QCOMPARE(mainWin(), static_cast<KWMainWindow *>(&open.window));
         QCOMPARE(open.window.printer()->resolution(),
                  QPrinter(QPrinter::ScreenResolution).resolution());
     }
 
-    void withoutAWindowThereIsNoMainWindow() { QVERIFY(!mainWin()); }
+    void anErrorOfThePlanIsShown()
+    {
+        OpenWindow open;
+        open.prompts.answer(s("&OK"));
+        emit open.plan().error(s("It failed."));
+        QCOMPARE(open.prompts.texts(), QStringList{s("It failed.")});
+        QCOMPARE(open.prompts.messages.first().icon, KWMessage::Critical);
+    }
+
+    void theIndexAndFileExitAreNotBuilt()
+    {
+        OpenWindow open;
+        QTest::ignoreMessage(QtWarningMsg, "KWMainWin::helpIndex(): Not implemented yet");
+        open.run("m_helpIndexAction");
+        QTest::ignoreMessage(QtWarningMsg, "KWMainWin::fileExit(): Not implemented yet");
+        open.window.fileExit();
+    }
+
+    void thePlanReachesTheProgramThroughItsHooks()
+    {
+        {
+            OpenWindow open;
+            KWUserSettings().setValue("misc/print_footer", s("Printed by us"));
+            QCOMPARE(modelHooks().printFooter(), s("Printed by us"));
+            QCOMPARE(modelHooks().selectionColour(),
+                     QApplication::palette().color(QPalette::Highlight));
+        }
+        QCOMPARE(modelHooks().printFooter(), QString());
+    }
+
+    void aWindowThatWasNotInitialisedTakesCommandsToo()
+    {
+        KWMainWinImpl window;
+        window.showStatusMessage(s("Hello"));
+        window.findChild<QAction *>(s("m_viewLeftPaneAction"))->setChecked(false);
+        window.setActiveView(nullptr);
+        window.updateActionsOnPaneViewChange(nullptr);
+        window.saveUndoState(s("Lock"));
+        window.document()->announceModified();
+        QVERIFY(!window.activeView());
+    }
 };
 
 GUI_TEST_MAIN(TestStartup)

@@ -7,25 +7,25 @@ FakeView::FakeView(KWDocument *document, const QString &name)
     setFocusPolicy(Qt::StrongFocus);
 }
 
-void FakeView::deleteSelection()
-{
-    note(u"deleteSelection");
-    onDelete();
-}
-
 void FakeView::beginUpdateBlock()
 {
-    note(u"block");
+    write(u"block");
     KWView::beginUpdateBlock();
 }
 
 void FakeView::endUpdateBlock()
 {
-    note(u"unblock");
+    write(u"unblock");
     KWView::endUpdateBlock();
 }
 
 void FakeView::note(QStringView call)
+{
+    write(call);
+    onCall();
+}
+
+void FakeView::write(QStringView call)
 {
     calls.append(call.toString());
     if (log)

@@ -31,12 +31,12 @@ public:
     Answers answers;
     /// "setLocked 1", "block", ... in the order of the calls.
     QStringList calls;
-    /// Runs inside deleteSelection().
-    std::function<void()> onDelete = [] {};
+    /// Runs inside each operation that changes, prints or copies something.
+    std::function<void()> onCall = [] {};
     /// Every view appends its name and call here if it is set.
     QStringList *log = nullptr;
 
-    void deleteSelection() override;
+    void deleteSelection() override { note(u"deleteSelection"); }
     void editProperties() override { note(u"editProperties"); }
     void unassign() override { note(u"unassign"); }
     void print() override { note(u"print"); }
@@ -63,4 +63,5 @@ public:
 private:
     void note(QStringView call);
     void note(QStringView call, int argument);
+    void write(QStringView call);
 };
