@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QDesktopServices>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
@@ -63,7 +64,8 @@ KWHelpWindow::KWHelpWindow(QWidget *parent)
     connect(m_browser, &QTextBrowser::sourceChanged, this, &KWHelpWindow::followPage);
 
     setUpActions();
-    resize(900, 640);
+    // On a small screen the frame needs some room, too.
+    resize(QSize(900, 640).boundedTo(screen()->availableSize() * 0.9));
     m_stayUsable = new KWStayUsable(this);
     new KWWhatsThisHelper(this);
 }
