@@ -78,7 +78,7 @@ QByteArray htmlFormat(const QString &page)
 /// UTF-16 in the processor's byte order with a NUL behind it.
 QByteArray utf16(const QString &text)
 {
-    return QByteArray(reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2);
+    return {reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2};
 }
 } // namespace
 

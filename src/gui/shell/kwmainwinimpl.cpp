@@ -79,7 +79,7 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
 KWMainWinImpl::~KWMainWinImpl()
 {
     modelHooks() = {};
-    setActiveView(nullptr);
+    m_viewCommands->setActiveView(nullptr, m_statusBar);
     for (KWCloseableTabWidget *tab : findChildren<KWCloseableTabWidget *>())
         tab->blockSignals(true);
     // The views look into the plan, which would go before them.

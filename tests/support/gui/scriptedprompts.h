@@ -3,6 +3,7 @@
 #include "kwprompts.h"
 
 #include <QList>
+#include <QVariant>
 
 /// Takes the place of the real message boxes and file, font, colour and print dialogs while it
 /// lives. A test gives the answers in the order in which they will be needed and then looks at
