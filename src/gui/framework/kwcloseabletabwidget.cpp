@@ -13,6 +13,7 @@ KWCloseableTabWidget::KWCloseableTabWidget(QWidget *parent, const QString &name)
     auto *closeButton = new QToolButton(this);
     closeButton->setIcon(KWPixmaps::instance().closePane());
     closeButton->setAutoRaise(true);
+    closeButton->setAccessibleName(tr("Hide pane"));
     closeButton->setWhatsThis(tr("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>Use "
                                  "the <b>View</b> menu to show it again."));
     setCornerWidget(closeButton, Qt::TopRightCorner);

@@ -129,6 +129,7 @@ private slots:
         auto *button = qobject_cast<QToolButton *>(pane->cornerWidget(Qt::TopRightCorner));
         QVERIFY(button->autoRaise());
         QVERIFY(!button->icon().isNull());
+        QCOMPARE(button->accessibleName(), s("Hide pane"));
         QCOMPARE(button->whatsThis(),
                  s("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>Use the "
                    "<b>View</b> menu to show it again."));
