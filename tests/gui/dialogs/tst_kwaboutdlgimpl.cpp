@@ -120,6 +120,7 @@ private slots:
         QTRY_COMPARE(dialog.windowTitle(), s("[About Ambrelune]"));
         QCOMPARE(child<QLabel>(dialog, "m_versionLabel")->text(), s("1.2.14"));
         QVERIFY(toolkit->pixmap().width() > before.width());
+        QTRY_COMPARE(child<QPushButton>(dialog, "m_okButton")->whatsThis(), s("[Close window]"));
     }
 
     void theCreditsNameTheMakersInOneRichLabel()

@@ -156,6 +156,7 @@ private slots:
         const BracketTranslator translator;
         QTRY_COMPARE(dialog.windowTitle(), s("[Getting started]"));
         QCOMPARE(dialog.tutorialButton->text(), s("[&Tutorial]"));
+        QTRY_COMPARE(dialog.continueButton->whatsThis(), s("[Close window]"));
     }
 };
 

@@ -405,6 +405,7 @@ private slots:
         const BracketTranslator translator;
         QTRY_COMPARE(dialog.windowTitle(), s("[Information]"));
         QCOMPARE(child<QGroupBox>(dialog, "m_notesGroupBox")->title(), s("[&Notes]"));
+        QTRY_COMPARE(dialog.notes->whatsThis(), s("[Notes about the event]"));
         QCOMPARE(dialog.event->text(), s("Wedding"));
         QVERIFY(showActive(dialog));
         dialog.reject();

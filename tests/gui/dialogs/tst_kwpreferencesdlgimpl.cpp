@@ -334,6 +334,7 @@ private slots:
         QTRY_COMPARE(dialog.windowTitle(), s("[Preferences]"));
         QCOMPARE(dialog.tabs->tabText(1), s("[&Auto layout]"));
         QCOMPARE(dialog.ok->text(), s("[&OK]"));
+        QTRY_COMPARE(dialog.ok->whatsThis(), s("[Accept changes and close window]"));
         QCOMPARE(dialog.ok->shortcut(), QKeySequence(Qt::ALT | Qt::Key_O));
     }
 };

@@ -268,6 +268,7 @@ private slots:
         const BracketTranslator translator;
         QTRY_COMPARE(dialog.windowTitle(), s("[Most recently accessed]"));
         QCOMPARE(dialog.list->headerItem()->text(1), s("[Location]"));
+        QTRY_COMPARE(dialog.list->whatsThis(), s("[Most recently opened/saved files]"));
         QCOMPARE(dialog.rows(), QStringList{s("wedding.kw|") + m_wedding});
     }
 

@@ -4,6 +4,32 @@
 
 #include <QVBoxLayout>
 
+namespace {
+
+/// Has a tool tip that tells the language.
+class Window : public QWidget
+{
+public:
+    Window() { child->setToolTip(s("Close")); }
+
+    QPushButton *child = new QPushButton(this);
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        QWidget::changeEvent(event);
+        if (event->type() == QEvent::LanguageChange)
+            child->setToolTip(s("Schließen"));
+    }
+};
+
+void changeLanguage(QWidget &window)
+{
+    QEvent event(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(&window, &event);
+}
+} // namespace
+
 class TestKWWhatsThisHelper : public QObject
 {
     Q_OBJECT
@@ -50,6 +76,40 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(late->whatsThis(), QString());
         QCOMPARE(helper->parent(), &window);
+    }
+
+    void theTextFollowsTheLanguage()
+    {
+        Window window;
+        new KWWhatsThisHelper(&window);
+        QCOMPARE(window.child->whatsThis(), s("Close"));
+        changeLanguage(window);
+        QTRY_COMPARE(window.child->whatsThis(), s("Schließen"));
+    }
+
+    void inANewLanguageOtherTextsStayAndNoneIsAdded()
+    {
+        Window window;
+        auto *late = new QPushButton(&window);
+        window.child->setWhatsThis(s("At length"));
+        new KWWhatsThisHelper(&window);
+        late->setToolTip(s("Late"));
+        changeLanguage(window);
+        QCOMPARE(window.child->toolTip(), s("Schließen"));
+        QCoreApplication::processEvents();
+        QCOMPARE(window.child->whatsThis(), s("At length"));
+        QCOMPARE(late->whatsThis(), QString());
+    }
+
+    void aWidgetThatIsGoneIsPassedOver()
+    {
+        Window window;
+        auto *shortLived = new QPushButton(&window);
+        shortLived->setToolTip(s("Soon gone"));
+        new KWWhatsThisHelper(&window);
+        changeLanguage(window);
+        delete shortLived;
+        QTRY_COMPARE(window.child->whatsThis(), s("Schließen"));
     }
 };
 
