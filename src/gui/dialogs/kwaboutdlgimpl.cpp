@@ -12,13 +12,14 @@
 
 namespace {
 
-/// `text` in the widget's colour and in its font, `scale` times as large, behind an icon if there
-/// is one.
+/// `text` in the widget's font, `scale` times as large, behind an icon if there is one. In the
+/// colour of that role, and underlined if it is that of links.
 QPixmap titlePicture(const QWidget *widget, const QString &text, qreal scale,
-                     const QPixmap &icon = {})
+                     QPalette::ColorRole role, const QPixmap &icon = {})
 {
     QFont font = widget->font();
     font.setBold(true);
+    font.setUnderline(role == QPalette::Link);
     font.setPointSizeF(QFontInfo(font).pointSizeF() * scale);
     const QFontMetrics metrics(font);
     const QSize iconSize = icon.deviceIndependentSize().toSize();
@@ -32,7 +33,7 @@ QPixmap titlePicture(const QWidget *widget, const QString &text, qreal scale,
     QPainter painter(&picture);
     painter.drawPixmap(0, (size.height() - iconSize.height()) / 2, icon);
     painter.setFont(font);
-    painter.setPen(widget->palette().color(QPalette::WindowText));
+    painter.setPen(widget->palette().color(role));
     painter.drawText(QRect(QPoint(textLeft, 0), size), Qt::AlignLeft | Qt::AlignVCenter, text);
     return picture;
 }
@@ -58,10 +59,11 @@ KWAboutDlgImpl::~KWAboutDlgImpl() = default;
 void KWAboutDlgImpl::drawPictures()
 {
     m_ui->m_productLabel->setPixmap(
-        titlePicture(this, KWMainWindow::productName(), 2.2,
+        titlePicture(this, KWMainWindow::productName(), 2.2, QPalette::WindowText,
                      KWPixmaps::instance(devicePixelRatioF()).application()));
-    m_ui->m_veltraceLabel->setPixmap(titlePicture(this, QStringLiteral("Veltrace"), 1.2));
-    m_ui->m_toolkitLabel->setPixmap(titlePicture(this, tr("Built with Qt"), 1.2));
+    m_ui->m_veltraceLabel->setPixmap(
+        titlePicture(this, QStringLiteral("Veltrace"), 1.2, QPalette::Link));
+    m_ui->m_toolkitLabel->setPixmap(titlePicture(this, tr("Built with Qt"), 1.2, QPalette::Link));
 }
 
 void KWAboutDlgImpl::languageChange()
@@ -73,8 +75,16 @@ void KWAboutDlgImpl::languageChange()
 void KWAboutDlgImpl::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    switch (event->type()) {
+    case QEvent::LanguageChange:
         languageChange();
-    else if (event->type() == QEvent::PaletteChange)
+        break;
+    case QEvent::PaletteChange:
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
         drawPictures();
+        break;
+    default:
+        break;
+    }
 }

@@ -23,6 +23,19 @@ public:
 public slots:
     void open(const QUrl &url) { opened.append(url); }
 };
+
+/// Of all rows, the most pixels of exactly that colour.
+int mostPixelsInARow(const QImage &picture, const QColor &colour)
+{
+    int most = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        int count = 0;
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixelColor(x, y) == colour;
+        most = qMax(most, count);
+    }
+    return most;
+}
 } // namespace
 
 class TestKWAboutDlgImpl : public QObject
@@ -88,16 +101,51 @@ private slots:
         QVERIFY(dialog.isVisible());
     }
 
-    void thePicturesFollowTheColours()
+    void theMakerAndTheToolkitLookLikeLinks_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<bool>("link");
+        QTest::newRow("product") << s("m_productLabel") << false;
+        QTest::newRow("maker") << s("m_veltraceLabel") << true;
+        QTest::newRow("toolkit") << s("m_toolkitLabel") << true;
+    }
+
+    void theMakerAndTheToolkitLookLikeLinks()
+    {
+        QFETCH(QString, label);
+        QFETCH(bool, link);
+        KWAboutDlgImpl dialog(nullptr);
+        QPalette palette = dialog.palette();
+        palette.setColor(QPalette::WindowText, Qt::green);
+        palette.setColor(QPalette::Link, Qt::red);
+        dialog.setPalette(palette);
+        const QImage picture = child<QLabel>(dialog, label)->pixmap().toImage();
+        QCOMPARE(mostPixelsInARow(picture, Qt::red) > picture.width() * 3 / 4, link);
+        QCOMPARE(mostPixelsInARow(picture, Qt::green) > 0, !link);
+    }
+
+    void thePicturesFollowTheFont()
     {
         KWAboutDlgImpl dialog(nullptr);
-        auto *maker = child<QLabel>(dialog, "m_veltraceLabel");
-        QVERIFY(showActive(dialog));
-        const QImage before = maker->pixmap().toImage();
-        QPalette palette = dialog.palette();
-        palette.setColor(QPalette::WindowText, Qt::red);
-        dialog.setPalette(palette);
-        QVERIFY(maker->pixmap().toImage() != before);
+        QFont font = dialog.font();
+        font.setPointSizeF(2 * font.pointSizeF());
+        QList<int> heights;
+        for (const char *label : {"m_productLabel", "m_veltraceLabel", "m_toolkitLabel"})
+            heights.append(child<QLabel>(dialog, label)->pixmap().height());
+        dialog.setFont(font);
+        for (const char *label : {"m_productLabel", "m_veltraceLabel", "m_toolkitLabel"})
+            QVERIFY2(child<QLabel>(dialog, label)->pixmap().height() > heights.takeFirst(), label);
+    }
+
+    void thePicturesAreDrawnAnewForAnotherStyle()
+    {
+        KWAboutDlgImpl dialog(nullptr);
+        const auto *maker = child<QLabel>(dialog, "m_veltraceLabel");
+        const qint64 before = maker->pixmap().cacheKey();
+        const std::unique_ptr<QStyle> style(QStyleFactory::create(s("windows")));
+        dialog.setStyle(style.get());
+        QVERIFY(maker->pixmap().cacheKey() != before);
+        dialog.setStyle(nullptr);
     }
 
     void okAndEscClose()
