@@ -8,6 +8,8 @@
 #include "kwwhatsthishelper.h"
 #include "ui_kwpreferencesdlg.h"
 
+#include <QMouseEvent>
+
 namespace {
 
 /// A check box and the setting that it stands for.
@@ -78,6 +80,8 @@ KWPreferencesDlgImpl::KWPreferencesDlgImpl(QWidget *parent, KWUserSettings *sett
 {
     m_ui->setupUi(this);
     connect(m_ui->m_helpButton, &QPushButton::clicked, this, &KWPreferencesDlgImpl::help);
+    m_ui->m_solverSecondsLabel->installEventFilter(this);
+    m_ui->m_solverGenerationsLabel->installEventFilter(this);
     load();
     addAccel(this, Qt::Key_F1, this, &KWPreferencesDlgImpl::help);
     new KWWhatsThisHelper(this);
@@ -128,4 +132,17 @@ void KWPreferencesDlgImpl::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         languageChange();
+}
+
+// The text of two radio buttons stands behind their spin boxes, in labels of its own.
+bool KWPreferencesDlgImpl::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
+        if (watched == m_ui->m_solverSecondsLabel)
+            m_ui->m_solverSecondsRadioButton->setChecked(true);
+        else if (watched == m_ui->m_solverGenerationsLabel)
+            m_ui->m_solverGenerationsRadioButton->setChecked(true);
+    }
+    return QDialog::eventFilter(watched, event);
 }

@@ -249,6 +249,30 @@ private slots:
         QVERIFY(dialog.seconds->isEnabled() && dialog.generations->isEnabled());
     }
 
+    void aClickOnTheTextOfACriterionChecksItsButton_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<int>("criterion");
+        QTest::newRow("seconds") << s("m_solverSecondsLabel") << Qt::LeftButton << 1;
+        QTest::newRow("attempts") << s("m_solverGenerationsLabel") << Qt::LeftButton << 2;
+        QTest::newRow("right button") << s("m_solverSecondsLabel") << Qt::RightButton << 3;
+    }
+
+    void aClickOnTheTextOfACriterionChecksItsButton()
+    {
+        QFETCH(QString, label);
+        QFETCH(Qt::MouseButton, button);
+        QFETCH(int, criterion);
+        KWUserSettings settings;
+        settings.setSolverStopCriteria(KWUserSettings::StopAfterEither);
+        Dialog dialog(settings);
+        dialog.tabs->setCurrentIndex(1);
+        QVERIFY(showActive(dialog));
+        QTest::mouseClick(child<QLabel>(dialog, label), button);
+        QCOMPARE(dialog.criterion(), criterion);
+    }
+
     void untickingTheTimedBackupGreysTheIntervalAndKeepsIt()
     {
         KWUserSettings settings;
