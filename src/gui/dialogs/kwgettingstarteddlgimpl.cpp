@@ -14,7 +14,7 @@ KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings
 {
     using Dlg = KWGettingStartedDlgImpl;
     m_ui->setupUi(this);
-    m_ui->m_textLabel->setMinimumWidth(60 * fontMetrics().averageCharWidth());
+    fitText();
     m_ui->m_showNextTimeCheckBox->setChecked(m_settings->helpShowGettingStarted());
     connect(m_ui->m_quickStartButton, &QPushButton::clicked, this, &Dlg::quickStart);
     connect(m_ui->m_tutorialButton, &QPushButton::clicked, this, &Dlg::tutorial);
@@ -24,6 +24,13 @@ KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings
 }
 
 KWGettingStartedDlgImpl::~KWGettingStartedDlgImpl() = default;
+
+// Of a label that wraps, the layout would let a small screen cut the last lines.
+void KWGettingStartedDlgImpl::fitText()
+{
+    const int width = 60 * fontMetrics().averageCharWidth();
+    m_ui->m_textLabel->setMinimumSize(width, m_ui->m_textLabel->heightForWidth(width));
+}
 
 void KWGettingStartedDlgImpl::done(int result)
 {
@@ -52,6 +59,7 @@ void KWGettingStartedDlgImpl::help()
 void KWGettingStartedDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
+    fitText();
 }
 
 void KWGettingStartedDlgImpl::changeEvent(QEvent *event)
@@ -59,4 +67,6 @@ void KWGettingStartedDlgImpl::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         languageChange();
+    else if (event->type() == QEvent::FontChange)
+        fitText();
 }

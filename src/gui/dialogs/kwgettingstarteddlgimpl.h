@@ -32,6 +32,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void fitText();
+
     std::unique_ptr<Ui::KWGettingStartedDlg> m_ui;
     KWUserSettings *m_settings;
 };

@@ -20,7 +20,8 @@ KWConfigurableWarningDlgImpl::KWConfigurableWarningDlgImpl(QWidget *parent, cons
     const int iconSize = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     m_ui->m_iconLabel->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(iconSize));
-    setMessage(message);
+    m_ui->m_message->setText(message);
+    fitMessage();
     setButtons(buttons);
     m_ui->m_showWarningCheckBox->setChecked(showWarning);
     connect(m_ui->m_button1, &QPushButton::clicked, this,
@@ -60,14 +61,23 @@ void KWConfigurableWarningDlgImpl::reject()
     done(m_ui->m_button3->isHidden() ? 1 : 2);
 }
 
-void KWConfigurableWarningDlgImpl::setMessage(const QString &message)
+// A label that wraps asks for a narrow block of text. Short lines should stand as written, and long
+// ones break only where they become hard to read. The height is given as well, or a small screen
+// would cut the last lines.
+void KWConfigurableWarningDlgImpl::fitMessage()
 {
-    m_ui->m_message->setText(message);
-    // A label that wraps asks for a narrow block of text. Short lines should stand as written, and
-    // long ones break only where they become hard to read.
-    const QFontMetrics metrics = m_ui->m_message->fontMetrics();
-    const int asWritten = metrics.size(0, message).width();
-    m_ui->m_message->setMinimumWidth(std::min(asWritten, 80 * metrics.averageCharWidth()));
+    QLabel *message = m_ui->m_message;
+    const QFontMetrics metrics = message->fontMetrics();
+    const int asWritten = metrics.size(0, message->text()).width();
+    const int width = std::min(asWritten, 80 * metrics.averageCharWidth());
+    message->setMinimumSize(width, message->heightForWidth(width));
+}
+
+void KWConfigurableWarningDlgImpl::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitMessage();
 }
 
 void KWConfigurableWarningDlgImpl::setButtons(const QStringList &texts)

@@ -31,8 +31,11 @@ public slots:
     void button3Pressed();
     void reject() override;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
-    void setMessage(const QString &message);
+    void fitMessage();
     void setButtons(const QStringList &texts);
 
     std::unique_ptr<Ui::KWConfigurableWarningDlg> m_ui;

@@ -220,14 +220,17 @@ private slots:
     void aPictureOfEachDialogCanBeKept()
     {
         SHOW_FETCHED_DIALOG(dialog);
+        // Not as small as the screen of the tests may have made it.
+        dialog->resize(dialog->size().expandedTo(dialog->sizeHint()));
         const QString directory = qEnvironmentVariable("AMBRELUNE_ARTEFACTS");
         int page = 0;
         const QString faults = dialog.faults([&](QWidget *window) {
             const QPixmap picture = window->grab();
             const QString name =
-                s("%1/dialog-%2-%3%4.png")
+                s("%1/dialog-%2-%3%4%5.png")
                     .arg(directory, s(dialogs().at(index).name).replace(u' ', u'-'),
-                         QString::number(++page), s(largeFont ? "-large" : ""));
+                         QString::number(++page), s(largeFont ? "-large" : ""),
+                         s(window->devicePixelRatioF() > 1 ? "@2x" : ""));
             const bool kept = directory.isEmpty() || picture.save(name);
             return kept && !picture.isNull() ? QStringList() : QStringList{name};
         });

@@ -17,6 +17,16 @@ struct Dialog : KWGettingStartedDlgImpl
     QPushButton *quickStartButton = child<QPushButton>(*this, "m_quickStartButton");
     QPushButton *tutorialButton = child<QPushButton>(*this, "m_tutorialButton");
     QPushButton *continueButton = child<QPushButton>(*this, "m_continueButton");
+    QLabel *text = child<QLabel>(*this, "m_textLabel");
+};
+
+/// A language in which everything takes twice the words.
+struct WordyTranslator : BracketTranslator
+{
+    QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return QString::fromUtf8(text).repeated(2);
+    }
 };
 } // namespace
 
@@ -53,6 +63,24 @@ private slots:
         const QString text = child<QLabel>(dialog, "m_textLabel")->text();
         for (const char *words : {"quick start", "five steps", "tutorial"})
             QVERIFY2(text.contains(s(words)), words);
+    }
+
+    void theTextCannotBeCut()
+    {
+        KWUserSettings settings;
+        Dialog dialog(settings);
+        const auto fitsInSmallestWindow = [&] {
+            dialog.resize(1, 1);
+            return dialog.text->height() >= dialog.text->heightForWidth(dialog.text->width());
+        };
+        QVERIFY(showActive(dialog));
+        QVERIFY(fitsInSmallestWindow());
+        QFont font = dialog.font();
+        font.setPointSizeF(1.5 * font.pointSizeF());
+        dialog.setFont(font);
+        QTRY_VERIFY(fitsInSmallestWindow());
+        const WordyTranslator translator;
+        QTRY_VERIFY(dialog.text->text().count(s("<h3>")) == 2 && fitsInSmallestWindow());
     }
 
     void theCheckBoxStandsForItsKey()

@@ -226,6 +226,23 @@ private slots:
         const QString words = s("word ").repeated(80);
         QVERIFY(heightOf(words) > 3 * metrics.lineSpacing());
     }
+
+    void theMessageCannotBeCut()
+    {
+        Dialog dialog(nullptr, s("word ").repeated(200));
+        const auto *message = dialog.findChild<QLabel *>(s("m_message"));
+        const auto fitsInSmallestWindow = [&] {
+            dialog.resize(1, 1);
+            return message->height() >= message->heightForWidth(message->width());
+        };
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QVERIFY(fitsInSmallestWindow());
+        QFont font = dialog.font();
+        font.setPointSizeF(1.5 * font.pointSizeF());
+        dialog.setFont(font);
+        QTRY_VERIFY(fitsInSmallestWindow());
+    }
 };
 
 GUI_TEST_MAIN(TestKWConfigurableWarning)
