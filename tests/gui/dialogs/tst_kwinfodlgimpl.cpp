@@ -196,6 +196,8 @@ private slots:
         QTest::newRow("yesterday") << today.addDays(-1) << s("-1");
         QTest::newRow("in a year") << today.addYears(1) << s("365");
         QTest::newRow("far away") << QDate(9999, 12, 31) << s("2912668");
+        QTest::newRow("in an older calendar") << QDate(1752, 9, 13) << s("-99595");
+        QTest::newRow("earliest") << QDate(100, 1, 1) << s("-703231");
     }
 
     void theDaysRemainingFollowTheDate()
@@ -205,6 +207,7 @@ private slots:
         const Dialog dialog(*m_plan);
         dialog.date->setDate(today.addDays(100));
         dialog.date->setDate(date);
+        QCOMPARE(dialog.date->date(), date);
         QCOMPARE(dialog.daysRemaining->text(), days);
         m_plan->setDate(date);
         QCOMPARE(Dialog(*m_plan).daysRemaining->text(), days);
