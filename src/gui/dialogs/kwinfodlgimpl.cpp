@@ -9,6 +9,8 @@
 #include "kwwhatsthishelper.h"
 #include "ui_kwinfodlg.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Wraps when it leaves the range of an int.
@@ -27,6 +29,7 @@ KWInfoDlgImpl::KWInfoDlgImpl(QWidget *parent, KWDocument *document, std::functio
     , m_today(std::move(today))
 {
     m_ui->setupUi(this);
+    showFullYear();
     showReadOuts();
     for (QSpinBox *cost :
          {m_ui->m_fixedCostSpinBox, m_ui->m_costPerAdultSpinBox, m_ui->m_costPerChildSpinBox})
@@ -91,6 +94,15 @@ void KWInfoDlgImpl::showReadOuts()
         palette.setBrush(QPalette::Base, palette.window());
         readOut->setPalette(palette);
     }
+}
+
+// The short format of many countries has two digits, which leave the century open.
+void KWInfoDlgImpl::showFullYear()
+{
+    QString format = m_ui->m_dateEdit->locale().dateFormat(QLocale::ShortFormat);
+    if (!format.contains("yyyy"_L1))
+        format.replace("yy"_L1, "yyyy"_L1);
+    m_ui->m_dateEdit->setDisplayFormat(format);
 }
 
 void KWInfoDlgImpl::accept()
@@ -179,4 +191,6 @@ void KWInfoDlgImpl::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         languageChange();
+    else if (event->type() == QEvent::LocaleChange)
+        showFullYear();
 }

@@ -49,6 +49,7 @@ private:
     void load();
     void save();
     void connectEditors();
+    void showFullYear();
     void showReadOuts();
 
     std::unique_ptr<Ui::KWInfoDlg> m_ui;

@@ -117,6 +117,46 @@ private slots:
         QVERIFY(dialog.date->displayFormat().contains(s("yyyy")));
     }
 
+    void theYearIsShownInFull_data()
+    {
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char *name, const char *text) {
+            QTest::newRow(name) << QLocale(s(name)) << s(text);
+        };
+        row("C", "20 May 2025");
+        row("en_US", "5/20/2025");
+        row("de_DE", "20.05.2025");
+        row("fr_FR", "20/05/2025");
+        row("ja_JP", "2025/05/20");
+    }
+
+    void theYearIsShownInFull()
+    {
+        QFETCH(QLocale, locale);
+        QFETCH(QString, text);
+        const auto restore = qScopeGuard([before = QLocale()] { QLocale::setDefault(before); });
+        QLocale::setDefault(locale);
+        const Dialog dialog(*m_plan);
+        QCOMPARE(dialog.date->text(), text);
+    }
+
+    void theDateFollowsTheLocaleWhichIsNoTouch_data() { theYearIsShownInFull_data(); }
+
+    void theDateFollowsTheLocaleWhichIsNoTouch()
+    {
+        QFETCH(QLocale, locale);
+        QFETCH(QString, text);
+        const ScriptedPrompts prompts;
+        Dialog dialog(*m_plan);
+        QVERIFY(showActive(dialog));
+        dialog.setLocale(QLocale(s("en_GB")));
+        dialog.setLocale(locale);
+        QCOMPARE(dialog.date->text(), text);
+        dialog.reject();
+        QVERIFY(!dialog.isVisible());
+    }
+
     void readOutsCannotBeEdited()
     {
         const Dialog dialog(*m_plan);
