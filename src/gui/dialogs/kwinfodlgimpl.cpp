@@ -60,16 +60,21 @@ void KWInfoDlgImpl::load()
     m_ui->m_notesTextEdit->setPlainText(m_document->notes());
 }
 
+// The editors cannot hold every value that a plan may have, such as no date at all, so what was not
+// touched goes back as it came.
 void KWInfoDlgImpl::save()
 {
-    m_document->setEvent(m_ui->m_eventLineEdit->text());
-    m_document->setVenue(m_ui->m_venueLineEdit->text());
-    // The editor cannot show every date that a plan may hold, such as none at all.
-    m_document->setDate(m_dateChanged ? m_ui->m_dateEdit->date() : m_document->date());
-    m_document->setFixedCost(m_ui->m_fixedCostSpinBox->value());
-    m_document->setAdultCost(m_ui->m_costPerAdultSpinBox->value());
-    m_document->setChildCost(m_ui->m_costPerChildSpinBox->value());
-    m_document->setNotes(m_ui->m_notesTextEdit->toPlainText());
+    const auto value = [this](Field field, const auto &edited, const auto &own) {
+        return m_touched & field ? edited : own;
+    };
+    KWDocument &plan = *m_document;
+    plan.setEvent(value(Event, m_ui->m_eventLineEdit->text(), plan.event()));
+    plan.setVenue(value(Venue, m_ui->m_venueLineEdit->text(), plan.venue()));
+    plan.setDate(value(Date, m_ui->m_dateEdit->date(), plan.date()));
+    plan.setFixedCost(value(FixedCost, m_ui->m_fixedCostSpinBox->value(), plan.fixedCost()));
+    plan.setAdultCost(value(AdultCost, m_ui->m_costPerAdultSpinBox->value(), plan.adultCost()));
+    plan.setChildCost(value(ChildCost, m_ui->m_costPerChildSpinBox->value(), plan.childCost()));
+    plan.setNotes(value(Notes, m_ui->m_notesTextEdit->toPlainText(), plan.notes()));
 }
 
 // After loading only, so that it does not count as a change.
@@ -107,7 +112,7 @@ void KWInfoDlgImpl::showFullYear()
 
 void KWInfoDlgImpl::accept()
 {
-    if (m_changed) {
+    if (m_touched) {
         if (KWMainWindow *window = mainWin())
             window->saveUndoState(tr("Edit Information"));
         save();
@@ -117,7 +122,7 @@ void KWInfoDlgImpl::accept()
 
 void KWInfoDlgImpl::reject()
 {
-    if (m_changed && warningBox(tr("Discard changes?"), tr("&Yes"), tr("&No")) != 0)
+    if (m_touched && warningBox(tr("Discard changes?"), tr("&Yes"), tr("&No")) != 0)
         return;
     QDialog::reject();
 }
@@ -141,39 +146,38 @@ void KWInfoDlgImpl::updateDaysRemaining()
 
 void KWInfoDlgImpl::eventChanged()
 {
-    m_changed = true;
+    m_touched |= Event;
 }
 
 void KWInfoDlgImpl::dateChanged()
 {
-    m_changed = true;
-    m_dateChanged = true;
+    m_touched |= Date;
     updateDaysRemaining();
 }
 
 void KWInfoDlgImpl::venueChanged()
 {
-    m_changed = true;
+    m_touched |= Venue;
 }
 
 void KWInfoDlgImpl::fixedCostChanged()
 {
-    m_changed = true;
+    m_touched |= FixedCost;
 }
 
 void KWInfoDlgImpl::perAdultCostChanged()
 {
-    m_changed = true;
+    m_touched |= AdultCost;
 }
 
 void KWInfoDlgImpl::perChildCostChanged()
 {
-    m_changed = true;
+    m_touched |= ChildCost;
 }
 
 void KWInfoDlgImpl::notesChanged()
 {
-    m_changed = true;
+    m_touched |= Notes;
 }
 
 void KWInfoDlgImpl::help()

@@ -46,6 +46,16 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    enum Field {
+        Event = 1,
+        Date = 2,
+        Venue = 4,
+        FixedCost = 8,
+        AdultCost = 16,
+        ChildCost = 32,
+        Notes = 64
+    };
+
     void load();
     void save();
     void connectEditors();
@@ -59,6 +69,6 @@ private:
     int m_children = 0;
     int m_acceptedAdults = 0;
     int m_acceptedChildren = 0;
-    bool m_changed = false;
-    bool m_dateChanged = false;
+    /// The fields that were touched.
+    int m_touched = 0;
 };
