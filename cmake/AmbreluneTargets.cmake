@@ -50,6 +50,22 @@ function(ambrelune_library name)
   endif()
 endfunction()
 
+# ambrelune_ship(LIBRARY FOLDER FILES...): copies files into share/ambrelune/FOLDER beside the
+# program, where dataDirectory() finds them, before the library is built.
+function(ambrelune_ship library folder)
+  foreach(source IN LISTS ARGN)
+    cmake_path(GET source FILENAME name)
+    set(copy ${CMAKE_BINARY_DIR}/share/ambrelune/${folder}/${name})
+    add_custom_command(
+      OUTPUT ${copy}
+      COMMAND ${CMAKE_COMMAND} -E copy ${source} ${copy}
+      DEPENDS ${source})
+    list(APPEND copies ${copy})
+  endforeach()
+  add_custom_target(ambrelune_ship_${folder} DEPENDS ${copies})
+  add_dependencies(${library} ambrelune_ship_${folder})
+endfunction()
+
 # ambrelune_test(NAME SUPPORT SOURCES...): a Qt Test program that ctest runs without a display.
 # SUPPORT is the library whose helpers and precompiled header it uses.
 function(ambrelune_test name support)
