@@ -11,13 +11,15 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString &rememberedDirectory()
+std::optional<QString> &rememberedDirectory()
 {
-    static QString directory;
+    static std::optional<QString> directory;
     return directory;
 }
 
@@ -65,9 +67,9 @@ void rememberStartDirectory(const QString &directory)
 
 const QString &startDirectory()
 {
-    if (rememberedDirectory().isEmpty())
+    if (!rememberedDirectory())
         rememberStartDirectory();
-    return rememberedDirectory();
+    return *rememberedDirectory();
 }
 
 void setShippedHelpDirectory(const QString &directory)

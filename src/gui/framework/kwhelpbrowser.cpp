@@ -1,6 +1,7 @@
 #include "kwhelpbrowser.h"
 
 #include "kwhelpfile.h"
+#include "kwhelpsafety.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +56,6 @@ QVariant KWHelpBrowser::loadResource(int type, const QUrl &name)
         return nothing(type);
     if (type != QTextDocument::ImageResource)
         return *bytes;
-    const QImage image = QImage::fromData(*bytes);
+    const QImage image = plainPicture(*bytes);
     return image.isNull() ? nothing(type) : image;
 }

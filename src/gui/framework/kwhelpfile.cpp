@@ -14,7 +14,7 @@ namespace {
 
 /// Objects lie one behind the other in one compressed stream, which is unpacked from its start or
 /// from a mark on the way. No help needs more than this, and a small file can claim any size.
-constexpr off_t maxStreamSize = 64 * 1024 * 1024;
+constexpr off_t maxStreamSize = 64LL * 1024 * 1024;
 
 /// A reading or writing position in memory, as a file of libmspack.
 struct MemoryFile : mspack_file
@@ -153,7 +153,8 @@ public:
             m_header = m_decompressor->open(m_decompressor, "");
         if (!m_header)
             return;
-        for (mschmd_file *file = m_header->files; file; file = file->next) {
+        for (mschmd_file *file = m_header->files; file && m_files.size() < maxObjects;
+             file = file->next) {
             const QString name = QString::fromUtf8(file->filename);
             m_files.insert(key(name.startsWith(u'/') ? name.sliced(1) : name), file);
         }

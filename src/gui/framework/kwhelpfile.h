@@ -29,8 +29,10 @@ public:
     /// The table of contents; empty if there is none.
     QList<KWHelpEntry> contents() const;
 
-    static constexpr qint64 maxFileSize = 64 * 1024 * 1024;
-    static constexpr qint64 maxObjectSize = 8 * 1024 * 1024;
+    static constexpr qint64 maxFileSize = 16LL * 1024 * 1024;
+    static constexpr qint64 maxObjectSize = 8LL * 1024 * 1024;
+    /// Of more, the rest is passed over.
+    static constexpr int maxObjects = 10'000;
 
 private:
     class Archive;

@@ -3,11 +3,13 @@
 #include "kwfindbar.h"
 #include "kwhelpbrowser.h"
 #include "kwhelpfile.h"
+#include "kwhelpsafety.h"
 #include "kwmainwindow.h"
 #include "kwstayusable.h"
 #include "kwwhatsthishelper.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QScreen>
 #include <QShortcut>
@@ -28,7 +30,10 @@ bool hasPage(const KWHelpFile &file, const QString &page)
 {
     const QString name = page.section(u'#', 0, 0);
     const QString suffix = name.section(u'.', -1).toLower();
-    return (suffix == "htm"_L1 || suffix == "html"_L1) && file.object(name);
+    if (suffix != "htm"_L1 && suffix != "html"_L1)
+        return false;
+    const std::optional<QByteArray> html = file.object(name);
+    return html && isShowablePage(*html);
 }
 } // namespace
 
@@ -59,7 +64,6 @@ KWHelpWindow::KWHelpWindow(QWidget *parent)
     m_contentsTree->setToolTip(tr("The pages of the help"));
     m_contentsTree->setAccessibleName(tr("Contents"));
     connect(m_contentsTree, &QTreeWidget::currentItemChanged, this, &KWHelpWindow::openEntry);
-    connect(m_contentsTree, &QTreeWidget::itemClicked, this, &KWHelpWindow::openEntry);
     connect(m_browser, &QTextBrowser::anchorClicked, this, &KWHelpWindow::openLink);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &KWHelpWindow::followPage);
 
@@ -125,11 +129,14 @@ void KWHelpWindow::setUpActions()
             {QKeySequence(u"Shift+F3"_s)}, [this] { m_findBar->findPrevious(); });
     connect(new QShortcut(QKeySequence(u"Esc"_s), this), &QShortcut::activated, this,
             &KWHelpWindow::escape);
+    connect(new QShortcut(QKeySequence(u"F1"_s), this), &QShortcut::activated, this,
+            [this] { openLink(KWHelpBrowser::pageUrl(u"Getting_help.htm"_s)); });
 }
 
 bool KWHelpWindow::showPage(const QString &path, const QString &page)
 {
-    if (m_file && m_file->path() == path) {
+    const bool replaced = !m_file || m_file->path() != path;
+    if (!replaced) {
         if (!hasPage(*m_file, page))
             return false;
     } else {
@@ -139,14 +146,33 @@ bool KWHelpWindow::showPage(const QString &path, const QString &page)
         useFile(std::move(file));
     }
     m_browser->setSource(KWHelpBrowser::pageUrl(page));
+    if (replaced)
+        m_browser->reload();
     if (isMinimized())
         showNormal();
+    const QWidget *dialog = QApplication::activeModalWidget();
+    if (dialog && !isVisible())
+        standBeside(dialog->frameGeometry());
     show();
     m_stayUsable->follow();
     raise();
     activateWindow();
     m_browser->setFocus();
     return true;
+}
+
+void KWHelpWindow::standBeside(const QRect &dialog)
+{
+    constexpr int gap = 12;
+    constexpr int narrowest = 420;
+    const QRect room = screen()->availableGeometry();
+    const int leftRoom = dialog.left() - room.left() - gap;
+    const int rightRoom = room.right() - dialog.right() - gap;
+    resize(qBound(narrowest, qMax(leftRoom, rightRoom) - gap, width()), height());
+    const int x = leftRoom > rightRoom ? qMax(room.left(), dialog.left() - gap - width())
+                                       : qMin(room.right() - width(), dialog.right() + gap);
+    const int lowest = qMax(room.top(), room.bottom() - height() - 3 * gap);
+    move(x, qBound(room.top(), dialog.top(), lowest));
 }
 
 QUrl KWHelpWindow::pageUrl() const
@@ -200,8 +226,11 @@ void KWHelpWindow::openLink(const QUrl &url)
 void KWHelpWindow::openEntry(const QTreeWidgetItem *item)
 {
     const QString page = item ? item->data(0, pageRole).toString() : QString();
-    if (!page.isEmpty() && KWHelpBrowser::pageUrl(page) != m_browser->source())
-        openLink(KWHelpBrowser::pageUrl(page));
+    if (page.isEmpty() || KWHelpBrowser::pageUrl(page) == m_browser->source())
+        return;
+    openLink(KWHelpBrowser::pageUrl(page));
+    // The line of a page that is missing does not stay marked.
+    followPage(m_browser->source());
 }
 
 void KWHelpWindow::goHome()

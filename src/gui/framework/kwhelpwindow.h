@@ -40,6 +40,8 @@ private:
                      const QString &name, const QList<QKeySequence> &keys, auto slot);
     void useFile(std::unique_ptr<KWHelpFile> file);
     void fillContents();
+    /// Where it hides as little as can be of the dialog that it was asked from.
+    void standBeside(const QRect &dialog);
     void openEntry(const QTreeWidgetItem *item);
     void goHome();
     void zoom(int steps);

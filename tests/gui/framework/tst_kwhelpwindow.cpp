@@ -66,6 +66,7 @@ private slots:
     void whatCannotBeShownChangesNothing_data();
     void whatCannotBeShownChangesNothing();
     void aDifferentFileReplacesTheFirst();
+    void theSamePageOfADifferentFileIsReadAnew();
     void zoomChangesTheTextAndHasLimits();
     void findsWordsWhileTheyAreTyped();
     void findGoesRoundInBothDirections();
@@ -74,6 +75,8 @@ private slots:
     void escapeClosesTheFindBarFirst();
     void closingHidesAndShowingBringsItBack();
     void f1InAModalDialogShowsAUsableWindow();
+    void itStandsBesideTheDialogThatItIsAskedFrom();
+    void f1TellsHowToGetHelp();
     void itDoesNotKeepTheProgramAlive();
     void everyToolHasAKeyInItsTip();
     void pagesComeFromTheHelpFileOnly_data();
@@ -290,6 +293,17 @@ void TestHelpWindow::aDifferentFileReplacesTheFirst()
     QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Tutorial"_s);
 }
 
+void TestHelpWindow::theSamePageOfADifferentFileIsReadAnew()
+{
+    QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
+    const QString copy = testHome().path(u"another.chm"_s);
+    QVERIFY(QFile::copy(helpFile(), copy));
+    browser()->document()->clear();
+    QVERIFY(m_window->showPage(copy, u"Main_window.htm"_s));
+    QVERIFY(!browser()->toPlainText().isEmpty());
+    QVERIFY(QFile::remove(copy));
+}
+
 void TestHelpWindow::zoomChangesTheTextAndHasLimits()
 {
     const qreal before = browser()->font().pointSizeF();
@@ -435,6 +449,31 @@ void TestHelpWindow::f1InAModalDialogShowsAUsableWindow()
     dialog.exec();
     QVERIFY(done);
     QVERIFY(m_window->isVisible());
+}
+
+void TestHelpWindow::itStandsBesideTheDialogThatItIsAskedFrom()
+{
+    m_window->close();
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.resize(200, 150);
+    dialog.move(20, 100);
+    dialog.show();
+    QTRY_COMPARE(QApplication::activeModalWidget(), &dialog);
+    QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
+    QVERIFY(!m_window->geometry().intersects(dialog.frameGeometry()));
+    QVERIFY(m_window->screen()->availableGeometry().contains(m_window->geometry()));
+    m_window->close();
+    dialog.move(590, 100);
+    QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
+    QVERIFY(!m_window->geometry().intersects(dialog.frameGeometry()));
+    QVERIFY(m_window->screen()->availableGeometry().contains(m_window->geometry()));
+}
+
+void TestHelpWindow::f1TellsHowToGetHelp()
+{
+    press(Qt::Key_F1);
+    QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Getting help"_s);
 }
 
 void TestHelpWindow::itDoesNotKeepTheProgramAlive()

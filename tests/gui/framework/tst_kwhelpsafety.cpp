@@ -1,0 +1,89 @@
+#include "guitest.h"
+#include "kwhelpsafety.h"
+#include "testplan.h"
+
+#include <QBuffer>
+
+namespace {
+
+QByteArray redPicture(const char *format)
+{
+    QImage red(4, 4, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    QBuffer buffer;
+    if (!buffer.open(QIODevice::WriteOnly) || !red.save(&buffer, format))
+        qFatal("cannot write a picture");
+    return buffer.data();
+}
+} // namespace
+
+class TestKWHelpSafety : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void pagesOfTheHelpAreShowable()
+    {
+        const QDir help(QStringLiteral(AMBRELUNE_SOURCE_DIR "/help"));
+        const QStringList pages = help.entryList({s("*.htm")});
+        QVERIFY(pages.size() > 5);
+        for (const QString &page : pages) {
+            QFile file(help.filePath(page));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QVERIFY2(isShowablePage(file.readAll()), qPrintable(page));
+        }
+    }
+
+    void aPageThatWouldTakeForeverIsNotShowable_data()
+    {
+        QTest::addColumn<QByteArray>("page");
+        QTest::addColumn<bool>("showable");
+        QTest::newRow("nested tables") << QByteArray("<table><tr><td>").repeated(20000) << false;
+        QTest::newRow("nested blocks") << QByteArray("<DIV>").repeated(51) << false;
+        QTest::newRow("as deep as allowed") << QByteArray("<div>").repeated(50) << true;
+        QTest::newRow("one behind the other") << QByteArray("<b>x</b>").repeated(10000) << true;
+        QTest::newRow("paragraphs left open") << QByteArray("<p>x").repeated(10000) << true;
+        QTest::newRow("closed too often") << QByteArray("</div>").repeated(1000) << true;
+        QTest::newRow("too long") << QByteArray(256 * 1024 + 1, 'x') << false;
+        QTest::newRow("long") << QByteArray(256 * 1024, 'x') << true;
+        QTest::newRow("empty") << QByteArray() << true;
+    }
+
+    void aPageThatWouldTakeForeverIsNotShowable()
+    {
+        QFETCH(QByteArray, page);
+        QFETCH(bool, showable);
+        QCOMPARE(isShowablePage(page), showable);
+    }
+
+    void plainPicturesAreRead()
+    {
+        QCOMPARE(plainPicture(redPicture("png")).pixelColor(1, 1), QColor(Qt::red));
+        QCOMPARE(plainPicture(redPicture("jpg")).size(), QSize(4, 4));
+    }
+
+    void aPictureThatNamesAFileOfTheDiskIsNotRead()
+    {
+        const QString path = testHome().path(s("red.png"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(redPicture("png"));
+        file.close();
+        const QString svg = s("<svg xmlns='http://www.w3.org/2000/svg' "
+                              "xmlns:xlink='http://www.w3.org/1999/xlink' width='9' height='9'>"
+                              "<image width='9' height='9' xlink:href='%1'/></svg>");
+        QVERIFY(!QImage::fromData(svg.arg(path).toUtf8()).isNull());
+        QVERIFY(plainPicture(svg.arg(path).toUtf8()).isNull());
+    }
+
+    void whatIsNoPictureGivesNone()
+    {
+        QVERIFY(plainPicture(QByteArray()).isNull());
+        QVERIFY(plainPicture("no picture").isNull());
+        QVERIFY(plainPicture(redPicture("bmp")).isNull());
+        QVERIFY(plainPicture(redPicture("png").first(40)).isNull());
+    }
+};
+
+GUI_TEST_MAIN(TestKWHelpSafety)
+#include "tst_kwhelpsafety.moc"
