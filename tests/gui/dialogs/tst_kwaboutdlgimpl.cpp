@@ -179,7 +179,7 @@ private slots:
         const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
         QCOMPARE(labels.size(), 1);
         QCOMPARE(labels.first()->textFormat(), Qt::RichText);
-        for (const char *name : {"The Ambrelune team at Veltrace", "Qt", "Expat", "CHMLib"})
+        for (const char *name : {"The Ambrelune team at Veltrace", "Qt", "Expat", "libmspack"})
             QVERIFY2(labels.first()->text().contains(s(name)), name);
         QVERIFY(showActive(dialog));
         QTest::keyClick(&dialog, Qt::Key_Return);
