@@ -63,8 +63,13 @@ wait_until() {
   done
 }
 
+find_window() {
+  xdotool search --onlyvisible --limit 1 --name "^$1\$" >"$work/window-found"
+}
+
 # wait_for_window SECONDS TITLE: until a window of this very title is to be seen; prints its id.
 wait_for_window() {
-  wait_until "$1" xdotool search --onlyvisible --name "^$2\$" || return 1
-  xdotool search --onlyvisible --limit 1 --name "^$2\$"
+  # Searched for once: the window manager takes a new window away for a moment to frame it.
+  wait_until "$1" find_window "$2" || return 1
+  cat "$work/window-found"
 }
