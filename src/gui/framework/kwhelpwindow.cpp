@@ -68,8 +68,7 @@ KWHelpWindow::KWHelpWindow(QWidget *parent)
     connect(m_browser, &QTextBrowser::sourceChanged, this, &KWHelpWindow::followPage);
 
     setUpActions();
-    // On a small screen the frame needs some room, too.
-    resize(QSize(900, 640).boundedTo(screen()->availableSize() * 0.9));
+    resize(wantedSize());
     m_stayUsable = new KWStayUsable(this);
     new KWWhatsThisHelper(this);
 }
@@ -151,8 +150,13 @@ bool KWHelpWindow::showPage(const QString &path, const QString &page)
     if (isMinimized())
         showNormal();
     const QWidget *dialog = QApplication::activeModalWidget();
-    if (dialog && !isVisible())
-        standBeside(dialog->frameGeometry());
+    if (!isVisible()) {
+        if (dialog)
+            standBeside(dialog);
+        else if (m_stoodBeside)
+            resize(wantedSize());
+        m_stoodBeside = dialog != nullptr;
+    }
     show();
     m_stayUsable->follow();
     raise();
@@ -161,14 +165,23 @@ bool KWHelpWindow::showPage(const QString &path, const QString &page)
     return true;
 }
 
-void KWHelpWindow::standBeside(const QRect &dialog)
+QSize KWHelpWindow::wantedSize() const
+{
+    // On a small screen the frame needs some room, too.
+    return QSize(900, 640).boundedTo(screen()->availableSize() * 0.9);
+}
+
+void KWHelpWindow::standBeside(const QWidget *widget)
 {
     constexpr int gap = 12;
     constexpr int narrowest = 420;
-    const QRect room = screen()->availableGeometry();
+    const QRect dialog = widget->frameGeometry();
+    const QRect room = widget->screen()->availableGeometry();
     const int leftRoom = dialog.left() - room.left() - gap;
     const int rightRoom = room.right() - dialog.right() - gap;
-    resize(qBound(narrowest, qMax(leftRoom, rightRoom) - gap, width()), height());
+    const QSize wanted = wantedSize();
+    setWindowState(windowState() & ~Qt::WindowMaximized);
+    resize(qMin(wanted.width(), qMax(narrowest, qMax(leftRoom, rightRoom) - gap)), wanted.height());
     const int x = leftRoom > rightRoom ? qMax(room.left(), dialog.left() - gap - width())
                                        : qMin(room.right() - width(), dialog.right() + gap);
     const int lowest = qMax(room.top(), room.bottom() - height() - 3 * gap);

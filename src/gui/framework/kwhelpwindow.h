@@ -41,7 +41,8 @@ private:
     void useFile(std::unique_ptr<KWHelpFile> file);
     void fillContents();
     /// Where it hides as little as can be of the dialog that it was asked from.
-    void standBeside(const QRect &dialog);
+    void standBeside(const QWidget *dialog);
+    QSize wantedSize() const;
     void openEntry(const QTreeWidgetItem *item);
     void goHome();
     void zoom(int steps);
@@ -55,4 +56,6 @@ private:
     KWStayUsable *m_stayUsable;
     QString m_homePage;
     int m_zoom = 0;
+    /// When it was shown last, it was made to fit beside a dialog.
+    bool m_stoodBeside = false;
 };

@@ -7,6 +7,7 @@
 #include "kwusersettings.h"
 
 #include <QApplication>
+#include <QPointer>
 
 namespace {
 /// The dialog that the message is about, if one is up.
@@ -44,8 +45,13 @@ int configurableWarning(KWUserSettings *settings, const QString &key, const QStr
     if (!settings->warning(key))
         return 0;
     const KWArrowCursor arrow;
-    KWConfigurableWarningDlgImpl dialog(parentOfBoxes(), text);
-    const int button = dialog.exec();
-    settings->setWarning(key, dialog.showWarning());
+    // A parent that deletes itself meanwhile takes the dialog along.
+    const QPointer<KWConfigurableWarningDlgImpl> dialog =
+        new KWConfigurableWarningDlgImpl(parentOfBoxes(), text);
+    const int button = dialog->exec();
+    if (!dialog)
+        return -1;
+    settings->setWarning(key, dialog->showWarning());
+    delete dialog;
     return button;
 }

@@ -289,16 +289,17 @@ bool KWFileCommands::copyFile(const QString &from, const QString &to)
     QFile source(from);
     QFile target(to);
     if (!source.open(QIODevice::ReadOnly) ||
-        !target.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        !target.open(QIODevice::WriteOnly | QIODevice::Truncate,
+                     QFileDevice::ReadOwner | QFileDevice::WriteOwner))
         return false;
-    // What nobody else may read in the plan stays so in its copy.
-    target.setPermissions(source.permissions());
     constexpr qint64 blockSize = 512;
     QByteArray block;
     do {
         block = source.read(blockSize);
         target.write(block);
     } while (block.size() == blockSize);
+    // What nobody else may read in the plan stays so in its copy.
+    target.setPermissions(source.permissions());
     return true;
 }
 

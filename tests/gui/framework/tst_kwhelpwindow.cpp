@@ -468,6 +468,16 @@ void TestHelpWindow::itStandsBesideTheDialogThatItIsAskedFrom()
     QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
     QVERIFY(!m_window->geometry().intersects(dialog.frameGeometry()));
     QVERIFY(m_window->screen()->availableGeometry().contains(m_window->geometry()));
+
+    // However narrow it was made, and never narrower for good.
+    m_window->resize(300, 300);
+    m_window->close();
+    QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
+    QVERIFY(m_window->width() >= 420);
+    m_window->close();
+    dialog.close();
+    QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
+    QCOMPARE(m_window->width(), qMin(900, m_window->screen()->availableSize().width() * 9 / 10));
 }
 
 void TestHelpWindow::f1TellsHowToGetHelp()
