@@ -65,7 +65,7 @@ void KWInfoDlgImpl::load()
 void KWInfoDlgImpl::save()
 {
     const auto value = [this](Field field, const auto &edited, const auto &own) {
-        return m_touched & field ? edited : own;
+        return (m_touched & field) != 0 ? edited : own;
     };
     KWDocument &plan = *m_document;
     plan.setEvent(value(Event, m_ui->m_eventLineEdit->text(), plan.event()));

@@ -150,13 +150,12 @@ void KWFileCommands::openPlan(const QString &path)
             m_changedSinceBackup = false;
             m_edit->clearUndoStates();
             addToRecentFiles(path);
-            updateMostRecentAction();
         } else {
             // Or saving would put the empty plan in the place of the file.
             plan->setFileName(QString());
-            updateMostRecentAction();
             reportLoadResult(result, path);
         }
+        updateMostRecentAction();
         if (floorPlan)
             floorPlan->endUpdateBlock();
     }
