@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QValidator>
+
+/// Tidies a name while it is typed: takes leading blanks away and, if it is to, makes the first
+/// letter of each word upper case. Every text is acceptable. Texts that the program sets in a field
+/// are tidied, too, so what a plan holds must be put there without the validator.
+class KWNameValidator : public QValidator
+{
+    Q_OBJECT
+
+public:
+    explicit KWNameValidator(bool capitalise, QObject *parent = nullptr);
+
+    State validate(QString &text, int &pos) const override;
+    void fixup(QString &text) const override;
+
+private:
+    bool m_capitalise;
+};
