@@ -1,0 +1,317 @@
+#include "kwguestwidgetimpl.h"
+
+#include "kwdocument.h"
+#include "kwmainwindow.h"
+#include "kwnamevalidator.h"
+#include "kwusersettings.h"
+#include "ui_kwguestwidget.h"
+
+namespace {
+
+bool capitaliseNames()
+{
+    KWMainWindow *window = mainWin();
+    return !window || window->userSettings()->miscCapitaliseNames();
+}
+
+/// A text that is not typed stays as it is.
+void setUntidied(QLineEdit *edit, const QString &text)
+{
+    const QValidator *validator = edit->validator();
+    edit->setValidator(nullptr);
+    edit->setText(text);
+    edit->setValidator(validator);
+}
+
+/// The same for a combo box, whose list goes along, so that arrow keys go on from the text.
+void setUntidied(QComboBox *combo, const QString &text)
+{
+    const QValidator *validator = combo->validator();
+    combo->setValidator(nullptr);
+    combo->setCurrentIndex(combo->findText(text));
+    combo->setEditText(text);
+    combo->setValidator(validator);
+}
+
+void setChoices(QComboBox *combo, const QStringList &choices)
+{
+    const QString text = combo->currentText();
+    const QSignalBlocker blocker(combo);
+    combo->clear();
+    combo->addItems(choices);
+    setUntidied(combo, text);
+}
+} // namespace
+
+KWGuestWidgetImpl::KWGuestWidgetImpl(QWidget *parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::KWGuestWidget>())
+{
+    m_ui->setupUi(this);
+    setUpCombos();
+    tidyNames();
+    connectFields();
+}
+
+KWGuestWidgetImpl::~KWGuestWidgetImpl() = default;
+
+void KWGuestWidgetImpl::setUpCombos()
+{
+    for (QComboBox *combo : {static_cast<QComboBox *>(m_ui->m_titleCombo), m_ui->m_mealCombo}) {
+        // "Mr" must not become "Mrs" before it is all typed.
+        combo->setCompleter(nullptr);
+        combo->lineEdit()->setMaxLength(m_ui->m_firstNameLineEdit->maxLength());
+    }
+}
+
+void KWGuestWidgetImpl::tidyNames()
+{
+    const bool capitalise = capitaliseNames();
+    for (QLineEdit *edit :
+         {m_ui->m_titleCombo->lineEdit(), m_ui->m_firstNameLineEdit, m_ui->m_lastNameLineEdit})
+        edit->setValidator(new KWNameValidator(capitalise, edit));
+}
+
+void KWGuestWidgetImpl::connectFields()
+{
+    using Widget = KWGuestWidgetImpl;
+    const auto &ui = *m_ui;
+    connect(ui.m_titleCombo, &QComboBox::editTextChanged, this, &Widget::updateDisplayName);
+    connect(ui.m_firstNameLineEdit, &QLineEdit::textChanged, this, &Widget::updateDisplayName);
+    connect(ui.m_lastNameLineEdit, &QLineEdit::textChanged, this, &Widget::updateDisplayName);
+    connect(ui.m_firstNameLineEdit, &QLineEdit::textChanged, this, &Widget::firstNameChanged);
+    connect(ui.m_lastNameLineEdit, &QLineEdit::textChanged, this, &Widget::lastNameChanged);
+    connect(ui.m_titleCombo, &QComboBox::editTextChanged, this, &Widget::updateGenderFromTitle);
+    connect(ui.m_titleCombo, &QComboBox::editTextChanged, this, &Widget::updateAgeFromTitle);
+    connect(ui.m_genderComboBox, &QComboBox::activated, this, &Widget::userUpdatedGender);
+    connect(ui.m_ageComboBox, &QComboBox::activated, this, &Widget::userUpdatedAge);
+    connect(ui.m_titleCombo->lineEdit(), &QLineEdit::editingFinished, this,
+            &Widget::titleComboLostFocus);
+    connect(ui.m_mealCombo->lineEdit(), &QLineEdit::editingFinished, this,
+            &Widget::mealComboLostFocus);
+
+    const auto goOn = [this](KWPickComboBox *from, QWidget *to) {
+        connect(from, &KWPickComboBox::picked, to, qOverload<>(&QWidget::setFocus));
+    };
+    goOn(ui.m_titleCombo, ui.m_firstNameLineEdit);
+    goOn(ui.m_genderComboBox, ui.m_ageComboBox);
+    goOn(ui.m_ageComboBox, ui.m_mealCombo);
+}
+
+void KWGuestWidgetImpl::setTitleChoices(const QStringList &titles)
+{
+    setChoices(m_ui->m_titleCombo, titles);
+}
+
+void KWGuestWidgetImpl::setMealChoices(const QStringList &meals)
+{
+    setChoices(m_ui->m_mealCombo, meals);
+}
+
+void KWGuestWidgetImpl::removeLocked()
+{
+    setLocked(false);
+    m_ui->m_lockedCheckBox->setParent(&m_removed);
+}
+
+QString KWGuestWidgetImpl::title() const
+{
+    return m_ui->m_titleCombo->currentText();
+}
+
+void KWGuestWidgetImpl::setTitle(const QString &title)
+{
+    setUntidied(m_ui->m_titleCombo, title);
+}
+
+QString KWGuestWidgetImpl::firstName() const
+{
+    return m_ui->m_firstNameLineEdit->text();
+}
+
+void KWGuestWidgetImpl::setFirstName(const QString &name)
+{
+    setUntidied(m_ui->m_firstNameLineEdit, name);
+}
+
+QString KWGuestWidgetImpl::lastName() const
+{
+    return m_ui->m_lastNameLineEdit->text();
+}
+
+void KWGuestWidgetImpl::setLastName(const QString &name)
+{
+    setUntidied(m_ui->m_lastNameLineEdit, name);
+}
+
+QString KWGuestWidgetImpl::displayName() const
+{
+    return m_ui->m_displayNameLineEdit->text();
+}
+
+void KWGuestWidgetImpl::setDisplayName(const QString &name)
+{
+    m_ui->m_displayNameLineEdit->setText(name);
+    m_ui->m_displayNameLineEdit->setModified(name != composedName());
+}
+
+int KWGuestWidgetImpl::gender() const
+{
+    return m_ui->m_genderComboBox->currentIndex();
+}
+
+void KWGuestWidgetImpl::setGender(int gender)
+{
+    m_ui->m_genderComboBox->setCurrentIndex(gender);
+}
+
+int KWGuestWidgetImpl::age() const
+{
+    return m_ui->m_ageComboBox->currentIndex();
+}
+
+void KWGuestWidgetImpl::setAge(int age)
+{
+    m_ui->m_ageComboBox->setCurrentIndex(age);
+}
+
+QString KWGuestWidgetImpl::meal() const
+{
+    return m_ui->m_mealCombo->currentText();
+}
+
+void KWGuestWidgetImpl::setMeal(const QString &meal)
+{
+    setUntidied(m_ui->m_mealCombo, meal);
+}
+
+QString KWGuestWidgetImpl::notes() const
+{
+    const QTextEdit *edit = m_ui->m_notesTextEdit;
+    return edit->document()->isModified() ? edit->toPlainText() : m_notes;
+}
+
+void KWGuestWidgetImpl::setNotes(const QString &notes)
+{
+    m_notes = notes;
+    m_ui->m_notesTextEdit->setPlainText(notes);
+}
+
+bool KWGuestWidgetImpl::isVip() const
+{
+    return m_ui->m_vipCheckBox->isChecked();
+}
+
+void KWGuestWidgetImpl::setVip(bool vip)
+{
+    m_ui->m_vipCheckBox->setChecked(vip);
+}
+
+bool KWGuestWidgetImpl::isAccepted() const
+{
+    return m_ui->m_acceptedCheckBox->isChecked();
+}
+
+void KWGuestWidgetImpl::setAccepted(bool accepted)
+{
+    m_ui->m_acceptedCheckBox->setChecked(accepted);
+}
+
+bool KWGuestWidgetImpl::isLocked() const
+{
+    return m_ui->m_lockedCheckBox->isChecked();
+}
+
+void KWGuestWidgetImpl::setLocked(bool locked)
+{
+    m_ui->m_lockedCheckBox->setChecked(locked);
+}
+
+void KWGuestWidgetImpl::clear()
+{
+    setTitle({});
+    setFirstName({});
+    setLastName({});
+    setDisplayName({});
+    setNotes({});
+    setVip(false);
+    setAccepted(false);
+}
+
+void KWGuestWidgetImpl::focusTitle()
+{
+    m_ui->m_titleCombo->setFocus();
+}
+
+void KWGuestWidgetImpl::focusFirstName()
+{
+    m_ui->m_firstNameLineEdit->setFocus();
+}
+
+QString KWGuestWidgetImpl::composedName() const
+{
+    return KWGuest::composeDisplayName(title(), firstName(), lastName());
+}
+
+void KWGuestWidgetImpl::updateDisplayName()
+{
+    QLineEdit *edit = m_ui->m_displayNameLineEdit;
+    if (edit->isModified())
+        return;
+    edit->setText(composedName());
+    edit->setModified(false);
+}
+
+void KWGuestWidgetImpl::updateGenderFromTitle(const QString &title)
+{
+    if (!m_autoGender)
+        return;
+    if (title == KWDocument::tr("Mr") || title == KWDocument::tr("Master"))
+        setGender(KWGuest::Male);
+    else if (title == KWDocument::tr("Mrs") || title == KWDocument::tr("Ms") ||
+             title == KWDocument::tr("Miss"))
+        setGender(KWGuest::Female);
+}
+
+void KWGuestWidgetImpl::updateAgeFromTitle(const QString &title)
+{
+    if (!m_autoAge)
+        return;
+    if (title == KWDocument::tr("Master"))
+        setAge(KWGuest::Child);
+    else if (title == KWDocument::tr("Mr") || title == KWDocument::tr("Mrs") ||
+             title == KWDocument::tr("Ms") || title == KWDocument::tr("Dr"))
+        setAge(KWGuest::Adult);
+}
+
+void KWGuestWidgetImpl::userUpdatedGender()
+{
+    m_autoGender = false;
+}
+
+void KWGuestWidgetImpl::userUpdatedAge()
+{
+    m_autoAge = false;
+}
+
+void KWGuestWidgetImpl::mealComboLostFocus()
+{
+    emit mealTextChanged(meal());
+}
+
+void KWGuestWidgetImpl::titleComboLostFocus()
+{
+    emit titleTextChanged(title());
+}
+
+void KWGuestWidgetImpl::languageChange()
+{
+    m_ui->retranslateUi(this);
+}
+
+void KWGuestWidgetImpl::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
+}

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+class QLineEdit;
+
+namespace Ui {
+class KWGuestWidget;
+}
+
+/// The part of a form that holds a person. While names are typed it tidies them, works out gender
+/// and age from the title, and keeps the display name up with the other names as long as that was
+/// not typed by hand. Names that are set from outside are not tidied.
+class KWGuestWidgetImpl : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Whether names get their capitals is decided by the setting as it is now.
+    explicit KWGuestWidgetImpl(QWidget *parent = nullptr);
+    ~KWGuestWidgetImpl() override;
+
+    /// What the lists offer; the texts that are shown stay.
+    void setTitleChoices(const QStringList &titles);
+    void setMealChoices(const QStringList &meals);
+    /// Takes the box out of the form for good; nobody is locked from then on.
+    void removeLocked();
+
+    QString title() const;
+    void setTitle(const QString &title);
+    QString firstName() const;
+    void setFirstName(const QString &name);
+    QString lastName() const;
+    void setLastName(const QString &name);
+    QString displayName() const;
+    /// To be called behind the other names: a display name that they do not give counts as typed
+    /// by hand.
+    void setDisplayName(const QString &name);
+    /// KWGuest::Gender and KWGuest::Age.
+    int gender() const;
+    void setGender(int gender);
+    int age() const;
+    void setAge(int age);
+    QString meal() const;
+    void setMeal(const QString &meal);
+    /// As they were set, until they are edited: the editor cannot hold every character.
+    QString notes() const;
+    void setNotes(const QString &notes);
+    bool isVip() const;
+    void setVip(bool vip);
+    bool isAccepted() const;
+    void setAccepted(bool accepted);
+    bool isLocked() const;
+    void setLocked(bool locked);
+
+    /// Empties names, title and notes and unticks VIP and accepted; the rest stays for the next.
+    void clear();
+    void focusTitle();
+    void focusFirstName();
+
+public slots:
+    void updateDisplayName();
+    void updateGenderFromTitle(const QString &title);
+    void updateAgeFromTitle(const QString &title);
+    void userUpdatedGender();
+    void userUpdatedAge();
+    void mealComboLostFocus();
+    void titleComboLostFocus();
+    void languageChange();
+
+signals:
+    void firstNameChanged(const QString &name);
+    void lastNameChanged(const QString &name);
+    /// The user has left the field.
+    void mealTextChanged(const QString &text);
+    void titleTextChanged(const QString &text);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void setUpCombos();
+    void tidyNames();
+    void connectFields();
+    QString composedName() const;
+
+    std::unique_ptr<Ui::KWGuestWidget> m_ui;
+    /// Owns what was taken out of the form, which still has pointers to it.
+    QWidget m_removed;
+    QString m_notes;
+    bool m_autoGender = true;
+    bool m_autoAge = true;
+};
