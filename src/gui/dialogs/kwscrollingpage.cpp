@@ -1,5 +1,6 @@
 #include "kwscrollingpage.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QScrollBar>
 
@@ -11,6 +12,11 @@ KWScrollingPage::KWScrollingPage(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
+    // By itself it follows the Tab key only.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        if (now && widget() && widget()->isAncestorOf(now))
+            ensureWidgetVisible(now);
+    });
 }
 
 QSize KWScrollingPage::sizeHint() const

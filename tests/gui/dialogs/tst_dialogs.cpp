@@ -6,6 +6,7 @@
 #include "kwcreditsdlg.h"
 #include "kwgetstringdlgimpl.h"
 #include "kwgettingstarteddlgimpl.h"
+#include "kwguestdlgimpl.h"
 #include "kwinfodlgimpl.h"
 #include "kwpreferencesdlgimpl.h"
 #include "kwrecentlyopeneddlgimpl.h"
@@ -58,6 +59,36 @@ Dialog recentlyOpened(FakeMainWindow &window)
                                                      window.userSettings());
 }
 
+KWGuest *bride(KWDocument &plan)
+{
+    const KWContact contact(s("The Old Mill"), s("12 Mill Lane"), s("Ambleside"), s("Cumbria"),
+                            s("LA22 9DE"), s("England"), s("015394 32000"), s("015394 33000"),
+                            s("07700 900123"), s("ann@example.com, bob@example.com"));
+    KWGroup *group = plan.addGroup(contact, s("Smith"), s("Arrive on Friday evening."));
+    return plan.addGuest(s("Dr Ann Smith"), s("Dr"), s("Ann"), s("Smith"), s("Vegetarian"),
+                         KWGuest::Female, KWGuest::Adult, true, s("Allergic to nuts."), true, true,
+                         group);
+}
+
+Dialog insertGuest(FakeMainWindow &window)
+{
+    return std::make_unique<KWGuestDlgImpl>(nullptr, window.document());
+}
+
+Dialog editGuest(FakeMainWindow &window)
+{
+    KWDocument &plan = *window.document();
+    KWGuest *guest = bride(plan);
+    plan.assignGuest(guest, addTable(plan, "Top table", KWTable::Circular, 8), 2, false);
+    return std::make_unique<KWGuestDlgImpl>(nullptr, &plan, guest);
+}
+
+Dialog editGroup(FakeMainWindow &window)
+{
+    KWDocument &plan = *window.document();
+    return std::make_unique<KWGuestDlgImpl>(nullptr, &plan, bride(plan)->group());
+}
+
 const QList<DialogRow> &dialogs()
 {
     static const QList<DialogRow> all{
@@ -84,6 +115,15 @@ const QList<DialogRow> &dialogs()
              return std::make_unique<KWGetStringDlgImpl>(nullptr, s("Save theme"), s("&Name:"),
                                                          s("Summer"), false, s("Tutorial.htm"));
          }},
+        {"insert guest",
+         insertGuest,
+         {s("Alt+N: m_notesLabel, qt_tabwidget_tabbar"),
+          s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
+        {"edit guest",
+         editGuest,
+         {s("Alt+N: m_notesLabel, qt_tabwidget_tabbar"),
+          s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
+        {"edit group", editGroup, {s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
     };
     return all;
 }
