@@ -53,7 +53,11 @@ KWGuestWidgetImpl::KWGuestWidgetImpl(QWidget *parent)
     connectFields();
 }
 
-KWGuestWidgetImpl::~KWGuestWidgetImpl() = default;
+// An edit that loses the focus tells so, which must reach a whole object.
+KWGuestWidgetImpl::~KWGuestWidgetImpl()
+{
+    hide();
+}
 
 void KWGuestWidgetImpl::setUpCombos()
 {

@@ -1,0 +1,556 @@
+#include "fakemainwindow.h"
+#include "guestform.h"
+#include "kwguestwidgetimpl.h"
+#include "kwwhatsthishelper.h"
+
+namespace {
+
+/// The widget on the screen, with the titles of a new plan and three meals to choose from.
+struct Form
+{
+    Form()
+    {
+        widget.setTitleChoices(KWDocument().titles());
+        widget.setMealChoices({s("Beef"), s("Fish"), s("Vegan")});
+        widget.show();
+        if (!QTest::qWaitForWindowActive(&widget))
+            qFatal("no keys");
+    }
+
+    void typeNames(const char *title, const char *first, const char *last)
+    {
+        GuestForm::type(ui.title, title);
+        GuestForm::type(ui.first, first);
+        GuestForm::type(ui.last, last);
+    }
+
+    QString genderAndAge() const { return ui.gender->currentText() + u' ' + ui.age->currentText(); }
+
+    KWGuestWidgetImpl widget;
+    GuestForm ui{widget};
+};
+} // namespace
+
+class TestKWGuestWidgetImpl : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { TestHome::clearSettings(); }
+
+    void eachWidgetHasItsTexts_data();
+    void eachWidgetHasItsTexts();
+    void theListsOfGenderAndAgeAreTheirValues();
+    void editableListsTakeInNothingAndCompleteNothing();
+    void theTabKeyLeavesTheNotesAndTheyTakePlainText();
+
+    void theTitleTellsGenderAndAge_data();
+    void theTitleTellsGenderAndAge();
+    void typingMrsPassesThroughMrAndEndsAtFemale();
+    void aTitleFromTheListTellsTheSame();
+    void aGenderChosenByHandIsKept();
+    void anAgeChosenByHandIsKept();
+    void aGenderThatTheProgramSetsIsNoChoice();
+    void titlesOfAnotherLanguageTellTheSame();
+
+    void theDisplayNameFollowsTheOtherNames();
+    void aDisplayNameTypedByHandIsLeftAlone();
+    void aDisplayNameThatIsSetFollowsIfTheNamesGiveIt_data();
+    void aDisplayNameThatIsSetFollowsIfTheNamesGiveIt();
+
+    void namesGetTheirCapitalsUnlessThatIsSwitchedOff_data();
+    void namesGetTheirCapitalsUnlessThatIsSwitchedOff();
+    void theDisplayNameAndTheMealAreNotTidied();
+    void namesThatAreSetStayAsTheyAreUntilSomebodyTypes();
+
+    void aListDoesNotChangeTheTextThatIsShown();
+    void arrowKeysGoOnFromTheTextThatIsShown();
+    void aPickMovesTheFocusOn_data();
+    void aPickMovesTheFocusOn();
+    void anArrowKeyKeepsTheFocus();
+    void leavingTitleAndMealTellsTheirTexts();
+    void changedNamesAreTold();
+
+    void valuesGoInAndOut();
+    void longTextsAndNotesThatAreNotTouchedComeBackAsTheyWere();
+    void clearLeavesGenderAgeMealAndLock();
+    void aRemovedLockIsGoneFromTheForm();
+    void aNewLanguageTranslatesTheFormAndWhatWasRemoved();
+};
+
+void TestKWGuestWidgetImpl::eachWidgetHasItsTexts_data()
+{
+    const char *title = "Type or select title, e.g. Mr or Dr,<br>auto-capitalisation can be turned "
+                        "off in the Preferences window";
+    const char *first = "First (given) name,<br>auto-capitalisation can be turned off in the "
+                        "Preferences window";
+    const char *last = "Last (family) name,<br>auto-capitalisation can be turned off in the "
+                       "Preferences window";
+    const char *locked = "Check this box if you want to stop this guest being reassigned by "
+                         "auto-layout";
+    addFormRows({
+        {"m_titleLabel", "&Title:", ""},
+        {"m_titleCombo", "", title},
+        {"m_firstNameLabel", "&First name:", ""},
+        {"m_firstNameLineEdit", "", first},
+        {"m_lastNameLabel", "&Last name:", ""},
+        {"m_lastNameLineEdit", "", last},
+        {"m_displayNameLabel", "Displa&y name:", ""},
+        {"m_displayNameLineEdit", "", "Display name<br>You can add qualifications and titles here"},
+        {"m_genderLabel", "Gen&der:", ""},
+        {"m_genderComboBox", "", "Gender of guest"},
+        {"m_ageLabel", "Ag&e:", ""},
+        {"m_ageComboBox", "", "Age of guest"},
+        {"m_mealLabel", "&Meal:", ""},
+        {"m_mealCombo", "", "Type or select the meal choice for the guest"},
+        {"m_notesLabel", "&Notes:", ""},
+        {"m_notesTextEdit", "", "Notes for guest"},
+        {"m_vipCheckBox", "&VIP", "Check this box for the most important guests", "Alt+V"},
+        {"m_acceptedCheckBox", "accepted &invite",
+         "Check this box for guests who have accepted their invitation", "Alt+I"},
+        {"m_lockedCheckBox", "loc&ked", locked, "Alt+K"},
+    });
+}
+
+void TestKWGuestWidgetImpl::eachWidgetHasItsTexts()
+{
+    KWGuestWidgetImpl widget;
+    new KWWhatsThisHelper(&widget);
+    compareFormRow(widget);
+}
+
+void TestKWGuestWidgetImpl::theListsOfGenderAndAgeAreTheirValues()
+{
+    const Form form;
+    QCOMPARE(GuestForm::entries(form.ui.gender),
+             (QStringList{s("Undefined"), s("Male"), s("Female")}));
+    QCOMPARE(GuestForm::entries(form.ui.age), (QStringList{s("Adult"), s("Child")}));
+    QCOMPARE(form.genderAndAge(), s("Undefined Adult"));
+}
+
+void TestKWGuestWidgetImpl::editableListsTakeInNothingAndCompleteNothing()
+{
+    Form form;
+    for (QComboBox *combo : {static_cast<QComboBox *>(form.ui.title), form.ui.meal}) {
+        const QStringList before = GuestForm::entries(combo);
+        GuestForm::type(combo, "Ve");
+        QCOMPARE(combo->currentText(), s("Ve"));
+        QTest::keyClick(combo->lineEdit(), Qt::Key_Return);
+        QCOMPARE(GuestForm::entries(combo), before);
+        QCOMPARE(combo->currentText(), s("Ve"));
+    }
+}
+
+void TestKWGuestWidgetImpl::theTabKeyLeavesTheNotesAndTheyTakePlainText()
+{
+    Form form;
+    form.ui.notes->setFocus();
+    QTest::keyClick(form.ui.notes, Qt::Key_Tab);
+    QVERIFY(form.ui.vip->hasFocus());
+    QVERIFY(!form.ui.notes->acceptRichText());
+}
+
+void TestKWGuestWidgetImpl::theTitleTellsGenderAndAge_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("fromUndefinedAdult");
+    QTest::addColumn<QString>("fromFemaleChild");
+    const auto row = [](const char *title, const char *fromUndefinedAdult,
+                        const char *fromFemaleChild) {
+        QTest::newRow(title) << s(title) << s(fromUndefinedAdult) << s(fromFemaleChild);
+    };
+    row("Mr", "Male Adult", "Male Adult");
+    row("Mrs", "Female Adult", "Female Adult");
+    row("Ms", "Female Adult", "Female Adult");
+    row("Miss", "Female Adult", "Female Child");
+    row("Master", "Male Child", "Male Child");
+    row("Dr", "Undefined Adult", "Female Adult");
+    row("Prof", "Undefined Adult", "Female Child");
+    row("Mr and Mrs", "Undefined Adult", "Female Child");
+    row("Mr ", "Undefined Adult", "Female Child");
+    row("MR", "Undefined Adult", "Female Child");
+    row("", "Undefined Adult", "Female Child");
+}
+
+void TestKWGuestWidgetImpl::theTitleTellsGenderAndAge()
+{
+    QFETCH(QString, title);
+    QFETCH(QString, fromUndefinedAdult);
+    QFETCH(QString, fromFemaleChild);
+    Form form;
+    GuestForm::paste(form.ui.title->lineEdit(), title);
+    QCOMPARE(form.genderAndAge(), fromUndefinedAdult);
+
+    Form girl;
+    girl.widget.setGender(KWGuest::Female);
+    girl.widget.setAge(KWGuest::Child);
+    GuestForm::paste(girl.ui.title->lineEdit(), title);
+    QCOMPARE(girl.genderAndAge(), fromFemaleChild);
+}
+
+void TestKWGuestWidgetImpl::typingMrsPassesThroughMrAndEndsAtFemale()
+{
+    Form form;
+    GuestForm::type(form.ui.title, "mr");
+    QCOMPARE(form.ui.title->currentText(), s("Mr"));
+    QCOMPARE(form.genderAndAge(), s("Male Adult"));
+    QTest::keyClicks(form.ui.title->lineEdit(), s("s"));
+    QCOMPARE(form.genderAndAge(), s("Female Adult"));
+}
+
+void TestKWGuestWidgetImpl::aTitleFromTheListTellsTheSame()
+{
+    Form form;
+    GuestForm::pick(form.ui.title, "Master");
+    QCOMPARE(form.genderAndAge(), s("Male Child"));
+    GuestForm::pick(form.ui.title, "Dr");
+    QCOMPARE(form.genderAndAge(), s("Male Adult"));
+}
+
+void TestKWGuestWidgetImpl::aGenderChosenByHandIsKept()
+{
+    Form form;
+    GuestForm::pick(form.ui.gender, "Female");
+    GuestForm::type(form.ui.title, "Mr");
+    QCOMPARE(form.genderAndAge(), s("Female Adult"));
+    GuestForm::type(form.ui.title, "Master");
+    QCOMPARE(form.genderAndAge(), s("Female Child"));
+
+    Form byArrow;
+    QTest::keyClick(byArrow.ui.gender, Qt::Key_Down);
+    GuestForm::type(byArrow.ui.title, "Mrs");
+    QCOMPARE(byArrow.genderAndAge(), s("Male Adult"));
+}
+
+void TestKWGuestWidgetImpl::anAgeChosenByHandIsKept()
+{
+    Form form;
+    GuestForm::pick(form.ui.age, "Child");
+    GuestForm::type(form.ui.title, "Mrs");
+    QCOMPARE(form.genderAndAge(), s("Female Child"));
+    GuestForm::type(form.ui.title, "Master");
+    GuestForm::type(form.ui.title, "Mr");
+    QCOMPARE(form.genderAndAge(), s("Male Child"));
+}
+
+void TestKWGuestWidgetImpl::aGenderThatTheProgramSetsIsNoChoice()
+{
+    Form form;
+    form.widget.setGender(KWGuest::Female);
+    form.widget.setAge(KWGuest::Child);
+    GuestForm::type(form.ui.title, "Mr");
+    QCOMPARE(form.genderAndAge(), s("Male Adult"));
+}
+
+void TestKWGuestWidgetImpl::titlesOfAnotherLanguageTellTheSame()
+{
+    const BracketTranslator translator;
+    Form form;
+    QVERIFY(GuestForm::entries(form.ui.title).contains(s("[Mrs]")));
+    GuestForm::pick(form.ui.title, "[Mrs]");
+    QCOMPARE(form.widget.gender(), int(KWGuest::Female));
+    GuestForm::type(form.ui.title, "Mr");
+    QCOMPARE(form.widget.gender(), int(KWGuest::Female));
+    GuestForm::pick(form.ui.title, "[Master]");
+    QCOMPARE(form.widget.gender(), int(KWGuest::Male));
+    QCOMPARE(form.widget.age(), int(KWGuest::Child));
+}
+
+void TestKWGuestWidgetImpl::theDisplayNameFollowsTheOtherNames()
+{
+    Form form;
+    GuestForm::type(form.ui.first, "ann");
+    QCOMPARE(form.widget.displayName(), s("Ann"));
+    GuestForm::type(form.ui.last, "smith ");
+    QCOMPARE(form.widget.displayName(), s("Ann Smith"));
+    GuestForm::pick(form.ui.title, "Dr");
+    QCOMPARE(form.widget.displayName(), s("Dr Ann Smith"));
+    GuestForm::type(form.ui.first, "");
+    QCOMPARE(form.widget.displayName(), s("Dr  Smith"));
+    GuestForm::type(form.ui.title, "");
+    QCOMPARE(form.widget.displayName(), s("Smith"));
+}
+
+void TestKWGuestWidgetImpl::aDisplayNameTypedByHandIsLeftAlone()
+{
+    Form form;
+    form.typeNames("Dr", "Ann", "Smith");
+    QTest::keyClicks(form.ui.display, s(" FRS"));
+    form.typeNames("Mrs", "Bea", "Jones");
+    QCOMPARE(form.widget.displayName(), s("Dr Ann Smith FRS"));
+
+    Form emptied;
+    GuestForm::type(emptied.ui.first, "Ann");
+    GuestForm::type(emptied.ui.display, "");
+    GuestForm::type(emptied.ui.last, "Smith");
+    QCOMPARE(emptied.widget.displayName(), QString());
+}
+
+void TestKWGuestWidgetImpl::aDisplayNameThatIsSetFollowsIfTheNamesGiveIt_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("display");
+    QTest::addColumn<QString>("afterwards");
+    const auto row = [](const char *name, const char *first, const char *display,
+                        const char *afterwards) {
+        QTest::newRow(name) << s(first) << s(display) << s(afterwards);
+    };
+    row("as the names give it", "Ann", "Dr Ann Smith", "Dr Bea Smith");
+    row("by hand", "Ann", "Auntie Ann", "Auntie Ann");
+    row("letter case differs", "Ann", "dr ann smith", "dr ann smith");
+    row("empty", "Ann", "", "");
+    row("names in lower case", "ann", "Dr ann Smith", "Dr Bea Smith");
+    row("without a first name", "", "Dr  Smith", "Dr Bea Smith");
+}
+
+void TestKWGuestWidgetImpl::aDisplayNameThatIsSetFollowsIfTheNamesGiveIt()
+{
+    QFETCH(QString, first);
+    QFETCH(QString, display);
+    QFETCH(QString, afterwards);
+    Form form;
+    form.widget.setTitle(s("Dr"));
+    form.widget.setFirstName(first);
+    form.widget.setLastName(s("Smith"));
+    form.widget.setDisplayName(display);
+    QCOMPARE(form.widget.displayName(), display);
+    GuestForm::type(form.ui.first, "Bea");
+    QCOMPARE(form.widget.displayName(), afterwards);
+}
+
+void TestKWGuestWidgetImpl::namesGetTheirCapitalsUnlessThatIsSwitchedOff_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::addColumn<QString>("names");
+    QTest::newRow("on") << true << s("Lady Mary-Ann O'Neil");
+    QTest::newRow("off") << false << s("lady mary-ann o'neil");
+}
+
+void TestKWGuestWidgetImpl::namesGetTheirCapitalsUnlessThatIsSwitchedOff()
+{
+    QFETCH(bool, on);
+    QFETCH(QString, names);
+    FakeMainWindow window;
+    window.userSettings()->setMiscCapitaliseNames(on);
+    Form form;
+    window.userSettings()->setMiscCapitaliseNames(!on);
+    form.typeNames("  lady", "  mary-ann", "  o'neil");
+    QCOMPARE(form.widget.displayName(), names);
+    QCOMPARE(QStringList({form.widget.title(), form.widget.firstName(), form.widget.lastName()})
+                 .join(u' '),
+             names);
+}
+
+void TestKWGuestWidgetImpl::theDisplayNameAndTheMealAreNotTidied()
+{
+    Form form;
+    GuestForm::type(form.ui.display, " ann");
+    GuestForm::type(form.ui.meal, " fish");
+    QCOMPARE(form.widget.displayName(), s(" ann"));
+    QCOMPARE(form.widget.meal(), s(" fish"));
+}
+
+void TestKWGuestWidgetImpl::namesThatAreSetStayAsTheyAreUntilSomebodyTypes()
+{
+    Form form;
+    form.widget.setTitle(s("graf"));
+    form.widget.setFirstName(s(" ludwig"));
+    form.widget.setLastName(s("van beethoven"));
+    form.widget.setTitleChoices({s("graf"), s("prof")});
+    QCOMPARE(form.widget.title(), s("graf"));
+    QCOMPARE(form.widget.firstName(), s(" ludwig"));
+    QCOMPARE(form.widget.lastName(), s("van beethoven"));
+    QTest::keyClicks(form.ui.last, s("s"));
+    QCOMPARE(form.widget.lastName(), s("Van Beethovens"));
+}
+
+void TestKWGuestWidgetImpl::aListDoesNotChangeTheTextThatIsShown()
+{
+    Form form;
+    QCOMPARE(form.widget.meal(), QString());
+    GuestForm::type(form.ui.meal, "Goose");
+    QSignalSpy changed(form.ui.meal, &QComboBox::editTextChanged);
+    form.widget.setMealChoices({s("Duck"), s("Goose"), s("Hare")});
+    QCOMPARE(form.widget.meal(), s("Goose"));
+    form.widget.setMealChoices({s("Duck")});
+    QCOMPARE(form.widget.meal(), s("Goose"));
+    QCOMPARE(GuestForm::entries(form.ui.meal), QStringList{s("Duck")});
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestKWGuestWidgetImpl::arrowKeysGoOnFromTheTextThatIsShown()
+{
+    Form form;
+    QTest::keyClick(form.ui.meal->lineEdit(), Qt::Key_Down);
+    QCOMPARE(form.widget.meal(), s("Beef"));
+    form.widget.setMeal(s("Fish"));
+    QTest::keyClick(form.ui.meal->lineEdit(), Qt::Key_Down);
+    QCOMPARE(form.widget.meal(), s("Vegan"));
+}
+
+void TestKWGuestWidgetImpl::aPickMovesTheFocusOn_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("to");
+    QTest::newRow("title") << s("m_titleCombo") << s("Mrs") << s("m_firstNameLineEdit");
+    QTest::newRow("gender") << s("m_genderComboBox") << s("Female") << s("m_ageComboBox");
+    QTest::newRow("age") << s("m_ageComboBox") << s("Child") << s("m_mealCombo");
+    QTest::newRow("meal") << s("m_mealCombo") << s("Fish") << s("m_mealCombo");
+}
+
+void TestKWGuestWidgetImpl::aPickMovesTheFocusOn()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, entry);
+    QFETCH(QString, to);
+    Form form;
+    auto *combo = child<QComboBox>(form.widget, from);
+    combo->setFocus();
+    GuestForm::pick(combo, qPrintable(entry));
+    QCOMPARE(combo->currentText(), entry);
+    QTRY_COMPARE(QApplication::focusWidget(), child<QWidget>(form.widget, to));
+}
+
+void TestKWGuestWidgetImpl::anArrowKeyKeepsTheFocus()
+{
+    Form form;
+    for (QComboBox *combo : {form.ui.title, form.ui.gender, form.ui.age}) {
+        combo->setFocus();
+        QWidget *keys = QApplication::focusWidget();
+        QTest::keyClick(keys, Qt::Key_Down);
+        QCOMPARE(combo->currentIndex(), 1);
+        QCOMPARE(QApplication::focusWidget(), keys);
+    }
+}
+
+void TestKWGuestWidgetImpl::leavingTitleAndMealTellsTheirTexts()
+{
+    Form form;
+    QSignalSpy titles(&form.widget, &KWGuestWidgetImpl::titleTextChanged);
+    QSignalSpy meals(&form.widget, &KWGuestWidgetImpl::mealTextChanged);
+    form.widget.focusTitle();
+    QTest::keyClicks(form.ui.title->lineEdit(), s("prof"));
+    QCOMPARE(titles.count(), 0);
+    form.widget.focusFirstName();
+    QCOMPARE(titles, (QList<QVariantList>{{s("Prof")}}));
+    form.ui.meal->setFocus();
+    QTest::keyClicks(form.ui.meal->lineEdit(), s("goose"));
+    form.widget.focusTitle();
+    QCOMPARE(meals, (QList<QVariantList>{{s("goose")}}));
+}
+
+void TestKWGuestWidgetImpl::changedNamesAreTold()
+{
+    Form form;
+    QSignalSpy firsts(&form.widget, &KWGuestWidgetImpl::firstNameChanged);
+    QSignalSpy lasts(&form.widget, &KWGuestWidgetImpl::lastNameChanged);
+    QTest::keyClicks(form.ui.first, s("al"));
+    form.widget.setLastName(s("smith"));
+    QCOMPARE(firsts, (QList<QVariantList>{{s("A")}, {s("Al")}}));
+    QCOMPARE(lasts, (QList<QVariantList>{{s("smith")}}));
+}
+
+void TestKWGuestWidgetImpl::valuesGoInAndOut()
+{
+    Form form;
+    KWGuestWidgetImpl &widget = form.widget;
+    widget.setTitle(s("Lord"));
+    widget.setFirstName(s("Ann"));
+    widget.setLastName(s("Smith"));
+    widget.setDisplayName(s("A"));
+    widget.setGender(KWGuest::Female);
+    widget.setAge(KWGuest::Child);
+    widget.setMeal(s("Goose"));
+    widget.setNotes(s("<b>nuts</b>\nno"));
+    widget.setVip(true);
+    widget.setAccepted(true);
+    widget.setLocked(true);
+    QCOMPARE(form.ui.title->currentText(), s("Lord"));
+    QCOMPARE(form.ui.first->text(), s("Ann"));
+    QCOMPARE(form.ui.last->text(), s("Smith"));
+    QCOMPARE(form.ui.display->text(), s("A"));
+    QCOMPARE(form.genderAndAge(), s("Female Child"));
+    QCOMPARE(form.ui.meal->currentText(), s("Goose"));
+    QCOMPARE(form.ui.notes->toPlainText(), s("<b>nuts</b>\nno"));
+    for (QCheckBox *box : {form.ui.vip, form.ui.accepted, form.ui.locked}) {
+        QVERIFY(box->isChecked());
+        QTest::keyClick(box, Qt::Key_Space);
+    }
+    QVERIFY(!widget.isVip() && !widget.isAccepted() && !widget.isLocked());
+    QTest::keyClicks(form.ui.notes, s("No "));
+    QCOMPARE(widget.notes(), s("No <b>nuts</b>\nno"));
+    QTest::keyClick(form.ui.gender, Qt::Key_Up);
+    QTest::keyClick(form.ui.age, Qt::Key_Up);
+    QCOMPARE(widget.gender(), int(KWGuest::Male));
+    QCOMPARE(widget.age(), int(KWGuest::Adult));
+}
+
+void TestKWGuestWidgetImpl::longTextsAndNotesThatAreNotTouchedComeBackAsTheyWere()
+{
+    const QString text(40000, u'x');
+    KWGuestWidgetImpl widget;
+    widget.setTitle(text);
+    widget.setFirstName(text);
+    widget.setLastName(text);
+    widget.setDisplayName(text);
+    widget.setMeal(text);
+    widget.setNotes(s("ten\u00a0\u20ac\r\neach"));
+    QCOMPARE(widget.title(), text);
+    QCOMPARE(widget.firstName(), text);
+    QCOMPARE(widget.lastName(), text);
+    QCOMPARE(widget.displayName(), text);
+    QCOMPARE(widget.meal(), text);
+    QCOMPARE(widget.notes(), s("ten\u00a0\u20ac\r\neach"));
+}
+
+void TestKWGuestWidgetImpl::clearLeavesGenderAgeMealAndLock()
+{
+    Form form;
+    form.typeNames("Mrs", "Ann", "Smith");
+    GuestForm::type(form.ui.display, "Auntie");
+    GuestForm::type(form.ui.meal, "Fish");
+    QTest::keyClicks(form.ui.notes, s("nuts"));
+    GuestForm::pick(form.ui.age, "Child");
+    for (QCheckBox *box : {form.ui.vip, form.ui.accepted, form.ui.locked})
+        box->setChecked(true);
+    form.widget.clear();
+    QCOMPARE(form.widget.title() + form.widget.firstName() + form.widget.lastName(), QString());
+    QCOMPARE(form.widget.displayName(), QString());
+    QCOMPARE(form.widget.notes(), QString());
+    QCOMPARE(form.ui.notes->toPlainText(), QString());
+    QVERIFY(!form.widget.isVip() && !form.widget.isAccepted());
+    QCOMPARE(form.genderAndAge(), s("Female Child"));
+    QCOMPARE(form.widget.meal(), s("Fish"));
+    QVERIFY(form.widget.isLocked());
+    GuestForm::type(form.ui.first, "Bea");
+    QCOMPARE(form.widget.displayName(), s("Bea"));
+}
+
+void TestKWGuestWidgetImpl::aRemovedLockIsGoneFromTheForm()
+{
+    Form form;
+    form.widget.setLocked(true);
+    form.widget.removeLocked();
+    QVERIFY(!form.widget.findChild<QWidget *>(s("m_lockedCheckBox")));
+    QVERIFY(!form.widget.isLocked());
+    form.ui.accepted->setFocus();
+    QTest::keyClick(form.ui.accepted, Qt::Key_Tab);
+    QVERIFY(form.ui.title->hasFocus());
+}
+
+void TestKWGuestWidgetImpl::aNewLanguageTranslatesTheFormAndWhatWasRemoved()
+{
+    Form form;
+    form.widget.setGender(KWGuest::Female);
+    form.widget.setTitle(s("Dr"));
+    form.widget.removeLocked();
+    const BracketTranslator translator;
+    QTRY_COMPARE(child<QLabel>(form.widget, "m_titleLabel")->text(), s("[&Title:]"));
+    QCOMPARE(form.genderAndAge(), s("[Female] [Adult]"));
+    QCOMPARE(form.widget.title(), s("Dr"));
+    QVERIFY(!form.widget.findChild<QWidget *>(s("m_lockedCheckBox")));
+}
+
+GUI_TEST_MAIN(TestKWGuestWidgetImpl)
+#include "tst_kwguestwidgetimpl.moc"
