@@ -163,12 +163,22 @@ void KWGuestDlgImpl::showTexts()
         setWindowTitle(m_guest ? tr("Guest properties") : tr("Insert guest"));
         setWindowIcon(icon(pixmaps.singleGuest(), pixmaps.singleGuestLarge()));
     }
+    showSeat();
+    alignFields();
+}
+
+void KWGuestDlgImpl::showSeat()
+{
     KWTable *table = nullptr;
     int seat = -1;
-    if (m_guest && m_document->findGuest(m_guest, &table, &seat))
-        m_ui->m_assignedTextLabel->setText(
-            tr("%1, seat %2").arg(table->name(), QString::number(seat + 1)));
-    alignFields();
+    if (!m_guest || !m_document->findGuest(m_guest, &table, &seat))
+        return;
+    // A long name would make the dialog as wide as itself; the seat is behind it.
+    QLabel *label = m_ui->m_assignedTextLabel;
+    const QFontMetrics metrics = label->fontMetrics();
+    label->setText(
+        metrics.elidedText(tr("%1, seat %2").arg(table->name(), QString::number(seat + 1)),
+                           Qt::ElideMiddle, 50 * metrics.averageCharWidth()));
 }
 
 // So that they do not jump when the page changes.

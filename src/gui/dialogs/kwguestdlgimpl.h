@@ -51,6 +51,7 @@ private:
     void fillGroup(const KWGroup &group);
     void setDefaultFocus();
     void showTexts();
+    void showSeat();
     void alignFields();
     void fitToScreen();
 
