@@ -3,8 +3,11 @@
 #include <QString>
 
 class KWDocument;
+class KWGroup;
+class KWGuest;
 class KWUserSettings;
 class KWView;
+class QAction;
 class QPrinter;
 class QWidget;
 
@@ -44,6 +47,23 @@ public:
     virtual void updateActionsOnViewChange() = 0;
     virtual void updatePrintAction() = 0;
     virtual void updateCopyAction() = 0;
+
+    /// The commands of the menu bar that context menus show, too. They are enabled for the active
+    /// view. SetAffinity opens the menu of proximities.
+    enum EditAction {
+        EditProperties,
+        ShowGuestInPlan,
+        SetAffinity,
+        Lock,
+        Accepted,
+        Unassign,
+        Delete
+    };
+    virtual QAction *editAction(EditAction action) = 0;
+
+    /// Opens the dialog of a guest or a group and returns when it is closed.
+    virtual void editGuest(KWGuest *guest) = 0;
+    virtual void editGroup(KWGroup *group) = 0;
 
     /// Shows a short text on the status bar for two seconds.
     virtual void showStatusMessage(const QString &text) = 0;

@@ -1,6 +1,16 @@
 #include "kwlefttab.h"
 
-KWLeftTab::KWLeftTab(QWidget *parent, KWDocument *)
+#include "kwpixmaps.h"
+
+KWLeftTab::KWLeftTab(QWidget *parent, KWDocument *document)
     : KWCloseableTabWidget(parent, QStringLiteral("KWLeftTab"))
+    , m_guestsPage(new GuestsPage(this, document, false))
 {
+    addPage(m_guestsPage, KWPixmaps::instance().paneGuests(), QStringLiteral("Guests"),
+            tr("Guests"));
+}
+
+KWGuestsListView *KWLeftTab::currentList() const
+{
+    return dynamic_cast<KWGuestsListView *>(currentView());
 }

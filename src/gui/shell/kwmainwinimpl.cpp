@@ -6,7 +6,9 @@
 #include "kweditcommands.h"
 #include "kwfilecommands.h"
 #include "kwgettingstarteddlgimpl.h"
+#include "kwguestdlgimpl.h"
 #include "kwhelpcommands.h"
+#include "kwinsertcommands.h"
 #include "kwlefttab.h"
 #include "kwmessages.h"
 #include "kwmodelhooks.h"
@@ -69,6 +71,7 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
     m_editCommands = new KWEditCommands(this, m_ui.get(), this, m_panes);
     m_fileCommands = new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, clock);
     m_helpCommands = new KWHelpCommands(this, m_ui.get(), this);
+    m_insertCommands = new KWInsertCommands(this, m_ui.get(), this);
     connect(m_editCommands, &KWEditCommands::planExchanged, this, [this] {
         updateCaption(m_document.fileName());
         m_fileCommands->updateMostRecentAction();
@@ -132,8 +135,7 @@ void KWMainWinImpl::disableUnbuiltCommands()
     for (QAction *action :
          {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction, m_ui->m_exportDataAction,
           m_ui->m_exportFloorPlanAction, m_ui->m_exportTableChartAction,
-          m_ui->m_exportGuestChartAction, m_ui->m_showGuestInPlanAction,
-          m_ui->m_insertNewGuestAction, m_ui->m_insertNewGuestCoupleAction,
+          m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
           m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction,
           m_ui->m_insertNewCircluarTableAction, m_ui->m_insertNewRectTableAction,
           m_ui->m_insertNewHeadTableAction, m_ui->m_insertNewCustomTableAction})
@@ -208,6 +210,37 @@ void KWMainWinImpl::setActiveView(KWView *view)
 KWView *KWMainWinImpl::activeView() const
 {
     return m_viewCommands->activeView();
+}
+
+QAction *KWMainWinImpl::editAction(EditAction action)
+{
+    switch (action) {
+    case EditProperties:
+        return m_ui->m_editPropertiesAction;
+    case ShowGuestInPlan:
+        return m_ui->m_showGuestInPlanAction;
+    case SetAffinity:
+        return m_ui->m_proximityMenu->menuAction();
+    case Lock:
+        return m_ui->m_editLockAction;
+    case Accepted:
+        return m_ui->m_editAcceptedAction;
+    case Unassign:
+        return m_ui->m_editUnassignSeatAction;
+    case Delete:
+        return m_ui->m_editDeleteAction;
+    }
+    Q_UNREACHABLE();
+}
+
+void KWMainWinImpl::editGuest(KWGuest *guest)
+{
+    KWGuestDlgImpl(this, &m_document, guest).exec();
+}
+
+void KWMainWinImpl::editGroup(KWGroup *group)
+{
+    KWGuestDlgImpl(this, &m_document, group).exec();
 }
 
 void KWMainWinImpl::showStatusMessage(const QString &text)

@@ -12,6 +12,7 @@
 class KWEditCommands;
 class KWFileCommands;
 class KWHelpCommands;
+class KWInsertCommands;
 class KWPanes;
 class KWSplashScreen;
 class KWStatusBar;
@@ -49,6 +50,9 @@ public:
     void saveUndoState(const QString &label) override;
     void setActiveView(KWView *view) override;
     KWView *activeView() const override;
+    QAction *editAction(EditAction action) override;
+    void editGuest(KWGuest *guest) override;
+    void editGroup(KWGroup *group) override;
     void showStatusMessage(const QString &text) override;
     void setProgress(int percent) override;
 
@@ -94,4 +98,5 @@ private:
     KWEditCommands *m_editCommands;
     KWFileCommands *m_fileCommands;
     KWHelpCommands *m_helpCommands;
+    KWInsertCommands *m_insertCommands;
 };

@@ -1,6 +1,7 @@
 #include "kwpanes.h"
 
 #include "kwbottomtab.h"
+#include "kwdocument.h"
 #include "kwlefttab.h"
 #include "kwtoptab.h"
 
@@ -35,6 +36,60 @@ KWView *KWPanes::topView() const
 KWView *KWPanes::floorPlanView() const
 {
     return m_topTab ? m_topTab->viewNamed(u"Floor plan") : nullptr;
+}
+
+KWGuestsListView *KWPanes::currentList() const
+{
+    return m_leftTab ? m_leftTab->currentList() : nullptr;
+}
+
+bool KWPanes::canShowGuestInPlan(const KWView *activeView) const
+{
+    KWGuestsListView *list = currentList();
+    if (!list || !activeView ||
+        (activeView != m_leftTab->viewNamed(u"Guests") &&
+         activeView != m_leftTab->viewNamed(u"Groups")))
+        return false;
+    const KWView *top = topView();
+    if (!top || (top != floorPlanView() && top != m_topTab->viewNamed(u"Schematic")))
+        return false;
+    return list->numSelected() == 1 && list->document()->findGuest(list->firstSelectedGuest());
+}
+
+KWViewSettings KWPanes::viewSettings() const
+{
+    KWViewSettings settings = m_viewSettings;
+    if (!m_leftTab)
+        return settings;
+    const KWGuestViewFilterImpl::ShownColumns guests = m_leftTab->guestsFilter()->shownColumns();
+    settings.guests_show_display_name = guests.displayName;
+    settings.guests_show_last_name = guests.lastName;
+    settings.guests_show_vip = guests.vip;
+    settings.guests_show_title = guests.title;
+    settings.guests_show_assigned = guests.assigned;
+    settings.guests_show_accepted = guests.accepted;
+    settings.guests_show_first_name = guests.firstName;
+    settings.guests_show_locked = guests.locked;
+    settings.guests_show_meal = guests.meal;
+    settings.guests_show_notes = guests.notes;
+    return settings;
+}
+
+void KWPanes::setViewSettings(const KWViewSettings &settings)
+{
+    m_viewSettings = settings;
+    if (!m_leftTab)
+        return;
+    m_leftTab->guestsFilter()->setShownColumns({.displayName = settings.guests_show_display_name,
+                                                .lastName = settings.guests_show_last_name,
+                                                .vip = settings.guests_show_vip,
+                                                .title = settings.guests_show_title,
+                                                .assigned = settings.guests_show_assigned,
+                                                .accepted = settings.guests_show_accepted,
+                                                .firstName = settings.guests_show_first_name,
+                                                .locked = settings.guests_show_locked,
+                                                .meal = settings.guests_show_meal,
+                                                .notes = settings.guests_show_notes});
 }
 
 QList<KWView *> KWPanes::viewsToBlock() const

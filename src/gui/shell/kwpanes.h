@@ -6,6 +6,7 @@
 
 class KWBottomTab;
 class KWDocument;
+class KWGuestsListView;
 class KWLeftTab;
 class KWTopTab;
 class KWView;
@@ -32,17 +33,23 @@ public:
     /// none.
     KWView *topView() const;
     KWView *floorPlanView() const;
+    /// The list that the left pane shows; null if there is none.
+    KWGuestsListView *currentList() const;
+    /// Whether the guest that is selected in the current list can be shown in the top pane, with
+    /// this view as the active one.
+    bool canShowGuestInPlan(const KWView *activeView) const;
     /// The views that a deletion changes, in the order in which it holds back their painting.
     QList<KWView *> viewsToBlock() const;
 
     /// How the panes show the plan, to be saved with it.
-    KWViewSettings viewSettings() const { return m_viewSettings; }
-    /// What came with a plan that was opened.
-    void setViewSettings(const KWViewSettings &settings) { m_viewSettings = settings; }
+    KWViewSettings viewSettings() const;
+    /// Shows the plan as it was saved.
+    void setViewSettings(const KWViewSettings &settings);
 
 private:
     KWLeftTab *m_leftTab = nullptr;
     KWTopTab *m_topTab = nullptr;
     KWBottomTab *m_bottomTab = nullptr;
+    /// Carries what belongs to panes that do not take it from here yet.
     KWViewSettings m_viewSettings;
 };

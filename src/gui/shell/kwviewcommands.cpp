@@ -3,6 +3,7 @@
 #include "kwbottomtab.h"
 #include "kwbusy.h"
 #include "kwdocument.h"
+#include "kwguestslistview.h"
 #include "kwlefttab.h"
 #include "kwpanes.h"
 #include "kwstatusbar.h"
@@ -48,6 +49,8 @@ KWViewCommands::KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *d
     connect(ui->m_viewBottomPaneAction, &QAction::toggled, this, &KWViewCommands::showBottomPane);
     connect(ui->m_filePrintAction, &QAction::triggered, this, &KWViewCommands::filePrint);
     connect(ui->m_editCopyAction, &QAction::triggered, this, &KWViewCommands::editCopyToClipboard);
+    connect(ui->m_showGuestInPlanAction, &QAction::triggered, this,
+            &KWViewCommands::showGuestInPlan);
 }
 
 void KWViewCommands::setActiveView(KWView *view, KWStatusBar *statusBar)
@@ -74,6 +77,7 @@ void KWViewCommands::updateActionsOnViewChange()
     const bool proximity = view && view->canSetAffinity();
     m_ui->m_editSetAffinityActionGroup->setEnabled(proximity);
     m_ui->m_proximityMenu->setEnabled(proximity);
+    m_ui->m_showGuestInPlanAction->setEnabled(m_panes->canShowGuestInPlan(view));
 }
 
 void KWViewCommands::updatePrintAction()
@@ -121,6 +125,15 @@ void KWViewCommands::editCopyToClipboard()
     const KWBusy busy;
     if (KWView *view = m_panes->topView())
         view->copy();
+}
+
+void KWViewCommands::showGuestInPlan()
+{
+    KWGuestsListView *list = m_panes->currentList();
+    KWGuest *guest = list ? list->firstSelectedGuest() : nullptr;
+    KWView *view = m_panes->topView();
+    if (guest && view)
+        view->showGuest(guest);
 }
 
 void KWViewCommands::refreshAll()

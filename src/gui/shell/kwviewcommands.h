@@ -35,6 +35,8 @@ public slots:
     void filePrint();
     /// Copies what the top pane shows.
     void editCopyToClipboard();
+    /// Brings the guest that is selected in the left pane into sight in the top pane.
+    void showGuestInPlan();
     /// Makes every view build itself anew.
     void refreshAll();
 

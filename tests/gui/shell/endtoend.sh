@@ -44,9 +44,10 @@ gone() {
   wait_until 10 window_is_gone "$1" || fail "The window '$1' stays"
 }
 
-# menu LETTER: opens a menu, takes its picture and closes it.
+# menu LETTER: opens a menu, takes its picture and closes it. A letter may lead into a pane first.
 menu() {
   xdotool key "alt+$1"
+  wait_until 1 has_windows 2 || xdotool key "alt+$1"
   wait_until 10 has_windows 2 || fail "The menu $1 does not open"
   picture "menu-$1"
   xdotool key Escape

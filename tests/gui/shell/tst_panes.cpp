@@ -93,7 +93,7 @@ private slots:
     void thePageOfAPairGivesItsView()
     {
         OpenWindow open;
-        KWLeftTab *tab = open.window.panes()->leftTab();
+        KWBottomTab *tab = open.window.panes()->bottomTab();
         QVERIFY(!tab->currentView());
         auto *pair = new Pair(tab, open.window.document(), false);
         tab->addPage(pair, blueSquare(), s("Guests"), s("Guests"));

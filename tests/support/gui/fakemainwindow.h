@@ -4,10 +4,12 @@
 #include "kwmainwindow.h"
 #include "kwusersettings.h"
 
+#include <QAction>
 #include <QPrinter>
 #include <QStringList>
 #include <QWidget>
 
+#include <array>
 #include <memory>
 
 /// Stands in for the main window while it lives: mainWin() gives it, and it writes down what it was
@@ -23,6 +25,8 @@ public:
     int printUpdates = 0;
     int copyUpdates = 0;
     KWView *currentView = nullptr;
+    /// "guest Ann", "group Smith": whose dialogs were opened.
+    QStringList edited;
 
     QWidget *widget() override { return &m_widget; }
     KWDocument *document() override { return &m_document; }
@@ -42,11 +46,25 @@ public:
     void updatePrintAction() override { ++printUpdates; }
     void updateCopyAction() override { ++copyUpdates; }
 
+    QAction *editAction(EditAction action) override
+    {
+        return &m_actions.at(static_cast<std::size_t>(action));
+    }
+    void editGuest(KWGuest *guest) override
+    {
+        edited.append(QStringLiteral("guest ") + guest->displayName());
+    }
+    void editGroup(KWGroup *group) override
+    {
+        edited.append(QStringLiteral("group ") + group->name());
+    }
+
     void showStatusMessage(const QString &text) override { statusMessages.append(text); }
     void setProgress(int percent) override { progress.append(percent); }
 
 private:
     QWidget m_widget;
+    std::array<QAction, Delete + 1> m_actions;
     KWDocument m_document;
     KWUserSettings m_settings;
     std::unique_ptr<QPrinter> m_printer;

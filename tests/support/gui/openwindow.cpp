@@ -31,7 +31,13 @@ FakeView *OpenWindow::addView(KWCloseableTabWidget *tab, const QString &name)
     QPixmap icon(16, 16);
     icon.fill(Qt::blue);
     auto *view = new FakeView(window.document(), name);
+    // The window finds its views by the names of their pages, so the real one gives up its own.
+    auto *real = tab->findChild<QWidget *>(name);
+    if (real)
+        real->setObjectName(QString());
     tab->addPage(view, icon, name, name);
+    if (real)
+        tab->setCurrentWidget(view);
     return view;
 }
 

@@ -30,7 +30,7 @@ public:
     QAction *action(const char *name) const;
     /// Triggers the action, which must be enabled.
     void run(const char *name);
-    /// Adds a view as a page of that name and gives it the keyboard's commands.
+    /// Adds a view as a page of that name, in the place of the real one if there is one.
     FakeView *addView(KWCloseableTabWidget *tab, const QString &name);
     QString counts() const;
 

@@ -1,0 +1,121 @@
+// What the commands of the Edit menu do with the selected guests.
+
+#include "kwguestslistview.h"
+
+#include "kwdocument.h"
+#include "kwguestlistviewitem.h"
+#include "kwmainwindow.h"
+#include "kwmessages.h"
+
+QList<KWGuest *> KWGuestsListView::selectedGuests() const
+{
+    QList<KWGuest *> guests;
+    for (QTreeWidgetItem *item : selectedRows()) {
+        if (const auto *row = dynamic_cast<KWGuestListViewItem *>(item))
+            guests.append(row->guest());
+    }
+    return guests;
+}
+
+bool KWGuestsListView::onlyGuestsSelected() const
+{
+    const QList<QTreeWidgetItem *> rows = selectedRows();
+    return !rows.isEmpty() && rows.size() == selectedGuests().size();
+}
+
+KWGuest *KWGuestsListView::firstSelectedGuest()
+{
+    return selectedGuests().value(0);
+}
+
+void KWGuestsListView::deleteSelection()
+{
+    KWMainWindow *window = mainWin();
+    if (!window ||
+        configurableWarning(window->userSettings(), QStringLiteral("warning/delete_guest"),
+                            tr("Delete guest(s)?")) != 0)
+        return;
+    const QList<KWGuest *> guests = selectedGuests();
+    // Or each row that goes would leave the selection by itself.
+    clearSelection();
+    for (KWGuest *guest : guests)
+        document()->deleteGuest(guest, false);
+    document()->recalculateScores();
+}
+
+void KWGuestsListView::unassign()
+{
+    for (KWGuest *guest : selectedGuests())
+        document()->unassignGuest(guest, false);
+    document()->recalculateScores();
+}
+
+void KWGuestsListView::setAffinity(int value)
+{
+    const QList<KWGuest *> guests = selectedGuests();
+    for (KWGuest *a : guests) {
+        for (KWGuest *b : guests) {
+            if (a != b)
+                document()->setAffinity(a, b, value, false);
+        }
+    }
+    document()->recalculateScores();
+}
+
+bool KWGuestsListView::canDelete()
+{
+    return onlyGuestsSelected();
+}
+
+bool KWGuestsListView::canEditProperties()
+{
+    return numSelected() == 1;
+}
+
+bool KWGuestsListView::canUnassign()
+{
+    const QList<KWGuest *> guests = selectedGuests();
+    return onlyGuestsSelected() &&
+           std::all_of(guests.cbegin(), guests.cend(), [this](const KWGuest *guest) {
+               return document()->findGuest(guest) && !guest->isLocked();
+           });
+}
+
+void KWGuestsListView::setLocked(bool locked)
+{
+    for (KWGuest *guest : selectedGuests())
+        document()->setGuestLocked(guest, locked);
+}
+
+bool KWGuestsListView::canSetLocked()
+{
+    return onlyGuestsSelected();
+}
+
+bool KWGuestsListView::isLocked()
+{
+    const KWGuest *guest = firstSelectedGuest();
+    return guest && guest->isLocked();
+}
+
+void KWGuestsListView::setAccepted(bool accepted)
+{
+    for (KWGuest *guest : selectedGuests())
+        document()->setGuestAccepted(guest, accepted);
+}
+
+bool KWGuestsListView::canSetAccepted()
+{
+    return firstSelectedGuest() != nullptr;
+}
+
+bool KWGuestsListView::hasAccepted()
+{
+    const KWGuest *guest = firstSelectedGuest();
+    return guest && guest->isAccepted();
+}
+
+bool KWGuestsListView::canSetAffinity()
+{
+    return selectedGuests().size() >= 2;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+
+class KWMainWindow;
+
+namespace Ui {
+class KWMainWin;
+}
+
+/// The commands that put guests into the plan, each through a dialog.
+class KWInsertCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `window` owns this object and its actions.
+    KWInsertCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window);
+
+public slots:
+    void insertNewGuest();
+
+private:
+    KWMainWindow *m_window;
+};
