@@ -3,8 +3,7 @@
 #include "kwmainwinimpl.h"
 #include "kwpixmaps.h"
 #include "kwusersettings.h"
-
-#include <benchmark/benchmark.h>
+#include "openwindow.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -12,7 +11,7 @@
 // What a person waits for with the window up, on the display that the environment names. Each
 // takes the number of guests.
 
-namespace {
+KWMainWinImpl *openWindow = nullptr;
 
 void planSizes(benchmark::internal::Benchmark *benchmark)
 {
@@ -21,8 +20,7 @@ void planSizes(benchmark::internal::Benchmark *benchmark)
     benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
-/// The main window, which main() makes and takes down.
-KWMainWinImpl *window = nullptr;
+namespace {
 
 void openPlan(benchmark::State &state)
 {
@@ -34,7 +32,7 @@ void openPlan(benchmark::State &state)
         plan.save(path, {});
     }
     for (auto _ : state) {
-        window->fileCommands()->openPlan(path);
+        openWindow->fileCommands()->openPlan(path);
         QApplication::processEvents();
     }
 }
@@ -42,10 +40,10 @@ BENCHMARK(openPlan)->Apply(planSizes);
 
 void undoPoint(benchmark::State &state)
 {
-    fillBenchPlan(*window->document(), static_cast<int>(state.range(0)));
+    fillBenchPlan(*openWindow->document(), static_cast<int>(state.range(0)));
     for (auto _ : state)
-        window->saveUndoState(QStringLiteral("Lock"));
-    window->document()->clear();
+        openWindow->saveUndoState(QStringLiteral("Lock"));
+    openWindow->document()->clear();
 }
 BENCHMARK(undoPoint)->Apply(planSizes);
 } // namespace
@@ -59,7 +57,7 @@ int main(int argc, char **argv)
     KWUserSettings().setHelpShowGettingStarted(false);
     KWMainWinImpl mainWindow;
     mainWindow.initialise(nullptr, {QStringLiteral("ambrelune")});
-    window = &mainWindow;
+    openWindow = &mainWindow;
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
