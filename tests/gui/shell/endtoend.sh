@@ -4,23 +4,13 @@
 # find it. SCREENSHOT is the program that takes the pictures, which go to the directory PICTURES.
 set -euo pipefail
 here=$(dirname "$(realpath "$0")")
-. "$here/../../support/xvfb.sh"
+. "$here/../../support/person.sh"
 
 program=$1
 screenshot=$2
 plan=$3
-pictures=$4
-rm -rf "$pictures"
-mkdir -p "$pictures"
+keep_pictures_in "$4"
 saved="$HOME/june.kw"
-
-picture() {
-  "$screenshot" "$pictures/$1.png"
-}
-
-window_is_gone() {
-  ! xdotool search --onlyvisible --name "^$1\$"
-}
 
 window_count() {
   xdotool search --onlyvisible --class ambrelune 2>/dev/null | wc -l
@@ -28,20 +18,6 @@ window_count() {
 
 has_windows() {
   [ "$(window_count)" -eq "$1" ]
-}
-
-# active TITLE: until the window of that title has the keys.
-active() {
-  wait_for_window 30 "$1" >"$work/window" || fail "There is no window '$1'"
-  wait_until 10 has_focus "$1" || fail "The window '$1' does not get the keys"
-}
-
-has_focus() {
-  [ "$(xdotool getactivewindow getwindowname)" = "$1" ]
-}
-
-gone() {
-  wait_until 10 window_is_gone "$1" || fail "The window '$1' stays"
 }
 
 # menu LETTER: opens a menu, takes its picture and closes it. A letter may lead into a pane first.
@@ -65,20 +41,7 @@ change_event() {
   gone Information
 }
 
-# left: the program has ended by itself, and well.
-left() {
-  local process=$started_pid
-  wait_until 30 process_is_gone "$process" || fail "The program does not end"
-  wait "$process" || fail "The program ends with status $?"
-}
-
-process_is_gone() {
-  ! kill -0 "$1" || [ "$(ps -o stat= -p "$1" | cut -c 1)" = Z ]
-}
-
-start_display 1280x900
-start openbox
-cd "$HOME"
+sit_down
 
 start "$program" "$plan"
 active "Getting started"

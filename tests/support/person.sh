@@ -1,0 +1,52 @@
+# Sourced by tests that use the program as a person does, on a display of their own, by keys and
+# clicks. They set $screenshot to the program that takes pictures.
+
+. "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/xvfb.sh"
+
+# keep_pictures_in DIRECTORY: which is emptied.
+keep_pictures_in() {
+  pictures=$1
+  rm -rf "$pictures"
+  mkdir -p "$pictures"
+}
+
+# sit_down: a display with a window manager, and an empty home to save into.
+sit_down() {
+  start_display 1280x900
+  start openbox
+  cd "$HOME"
+}
+
+# picture NAME: of all that is on the display.
+picture() {
+  "$screenshot" "$pictures/$1.png"
+}
+
+window_is_gone() {
+  ! xdotool search --onlyvisible --name "^$1\$"
+}
+
+# active TITLE: until the window of that title has the keys.
+active() {
+  wait_for_window 30 "$1" >"$work/window" || fail "There is no window '$1'"
+  wait_until 10 has_focus "$1" || fail "The window '$1' does not get the keys"
+}
+
+has_focus() {
+  [ "$(xdotool getactivewindow getwindowname)" = "$1" ]
+}
+
+gone() {
+  wait_until 10 window_is_gone "$1" || fail "The window '$1' stays"
+}
+
+# left: the program has ended by itself, and well.
+left() {
+  local process=$started_pid
+  wait_until 30 process_is_gone "$process" || fail "The program does not end"
+  wait "$process" || fail "The program ends with status $?"
+}
+
+process_is_gone() {
+  ! kill -0 "$1" || [ "$(ps -o stat= -p "$1" | cut -c 1)" = Z ]
+}
