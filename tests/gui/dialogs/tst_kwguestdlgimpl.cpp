@@ -260,7 +260,7 @@ void TestKWGuestDlgImpl::theDialogIsNoHigherThanTheScreenHasRoomFor()
     const QFont font = QApplication::font();
     const auto restore = qScopeGuard([&] { QApplication::setFont(font); });
     QFont huge = font;
-    huge.setPointSizeF(font.pointSizeF() * 3);
+    huge.setPointSizeF(font.pointSizeF() * 4);
     QApplication::setFont(huge);
     const auto high = open(opening);
     QVERIFY(high->sizeHint().height() > room.height() - 100);

@@ -1,67 +1,16 @@
-#include "fakemainwindow.h"
 #include "guestform.h"
-#include "kwguestwidgetimpl.h"
 #include "kwwhatsthishelper.h"
-
-namespace {
-
-/// The widget on the screen, with the titles of a new plan and three meals to choose from.
-struct Form
-{
-    Form()
-    {
-        widget.setTitleChoices(KWDocument().titles());
-        widget.setMealChoices({s("Beef"), s("Fish"), s("Vegan")});
-        widget.show();
-        if (!QTest::qWaitForWindowActive(&widget))
-            qFatal("no keys");
-    }
-
-    void typeNames(const char *title, const char *first, const char *last)
-    {
-        GuestForm::type(ui.title, title);
-        GuestForm::type(ui.first, first);
-        GuestForm::type(ui.last, last);
-    }
-
-    QString genderAndAge() const { return ui.gender->currentText() + u' ' + ui.age->currentText(); }
-
-    KWGuestWidgetImpl widget;
-    GuestForm ui{widget};
-};
-} // namespace
 
 class TestKWGuestWidgetImpl : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init() { TestHome::clearSettings(); }
-
     void eachWidgetHasItsTexts_data();
     void eachWidgetHasItsTexts();
     void theListsOfGenderAndAgeAreTheirValues();
     void editableListsTakeInNothingAndCompleteNothing();
     void theTabKeyLeavesTheNotesAndTheyTakePlainText();
-
-    void theTitleTellsGenderAndAge_data();
-    void theTitleTellsGenderAndAge();
-    void typingMrsPassesThroughMrAndEndsAtFemale();
-    void aTitleFromTheListTellsTheSame();
-    void aGenderChosenByHandIsKept();
-    void anAgeChosenByHandIsKept();
-    void aGenderThatTheProgramSetsIsNoChoice();
-    void titlesOfAnotherLanguageTellTheSame();
-
-    void theDisplayNameFollowsTheOtherNames();
-    void aDisplayNameTypedByHandIsLeftAlone();
-    void aDisplayNameThatIsSetFollowsIfTheNamesGiveIt_data();
-    void aDisplayNameThatIsSetFollowsIfTheNamesGiveIt();
-
-    void namesGetTheirCapitalsUnlessThatIsSwitchedOff_data();
-    void namesGetTheirCapitalsUnlessThatIsSwitchedOff();
-    void theDisplayNameAndTheMealAreNotTidied();
-    void namesThatAreSetStayAsTheyAreUntilSomebodyTypes();
 
     void aListDoesNotChangeTheTextThatIsShown();
     void arrowKeysGoOnFromTheTextThatIsShown();
@@ -121,7 +70,7 @@ void TestKWGuestWidgetImpl::eachWidgetHasItsTexts()
 
 void TestKWGuestWidgetImpl::theListsOfGenderAndAgeAreTheirValues()
 {
-    const Form form;
+    const ShownGuestForm form;
     QCOMPARE(GuestForm::entries(form.ui.gender),
              (QStringList{s("Undefined"), s("Male"), s("Female")}));
     QCOMPARE(GuestForm::entries(form.ui.age), (QStringList{s("Adult"), s("Child")}));
@@ -130,7 +79,7 @@ void TestKWGuestWidgetImpl::theListsOfGenderAndAgeAreTheirValues()
 
 void TestKWGuestWidgetImpl::editableListsTakeInNothingAndCompleteNothing()
 {
-    Form form;
+    ShownGuestForm form;
     for (QComboBox *combo : {static_cast<QComboBox *>(form.ui.title), form.ui.meal}) {
         const QStringList before = GuestForm::entries(combo);
         GuestForm::type(combo, "Ve");
@@ -143,230 +92,16 @@ void TestKWGuestWidgetImpl::editableListsTakeInNothingAndCompleteNothing()
 
 void TestKWGuestWidgetImpl::theTabKeyLeavesTheNotesAndTheyTakePlainText()
 {
-    Form form;
+    ShownGuestForm form;
     form.ui.notes->setFocus();
     QTest::keyClick(form.ui.notes, Qt::Key_Tab);
     QVERIFY(form.ui.vip->hasFocus());
     QVERIFY(!form.ui.notes->acceptRichText());
 }
 
-void TestKWGuestWidgetImpl::theTitleTellsGenderAndAge_data()
-{
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("fromUndefinedAdult");
-    QTest::addColumn<QString>("fromFemaleChild");
-    const auto row = [](const char *title, const char *fromUndefinedAdult,
-                        const char *fromFemaleChild) {
-        QTest::newRow(title) << s(title) << s(fromUndefinedAdult) << s(fromFemaleChild);
-    };
-    row("Mr", "Male Adult", "Male Adult");
-    row("Mrs", "Female Adult", "Female Adult");
-    row("Ms", "Female Adult", "Female Adult");
-    row("Miss", "Female Adult", "Female Child");
-    row("Master", "Male Child", "Male Child");
-    row("Dr", "Undefined Adult", "Female Adult");
-    row("Prof", "Undefined Adult", "Female Child");
-    row("Mr and Mrs", "Undefined Adult", "Female Child");
-    row("Mr ", "Undefined Adult", "Female Child");
-    row("MR", "Undefined Adult", "Female Child");
-    row("", "Undefined Adult", "Female Child");
-}
-
-void TestKWGuestWidgetImpl::theTitleTellsGenderAndAge()
-{
-    QFETCH(QString, title);
-    QFETCH(QString, fromUndefinedAdult);
-    QFETCH(QString, fromFemaleChild);
-    Form form;
-    GuestForm::paste(form.ui.title->lineEdit(), title);
-    QCOMPARE(form.genderAndAge(), fromUndefinedAdult);
-
-    Form girl;
-    girl.widget.setGender(KWGuest::Female);
-    girl.widget.setAge(KWGuest::Child);
-    GuestForm::paste(girl.ui.title->lineEdit(), title);
-    QCOMPARE(girl.genderAndAge(), fromFemaleChild);
-}
-
-void TestKWGuestWidgetImpl::typingMrsPassesThroughMrAndEndsAtFemale()
-{
-    Form form;
-    GuestForm::type(form.ui.title, "mr");
-    QCOMPARE(form.ui.title->currentText(), s("Mr"));
-    QCOMPARE(form.genderAndAge(), s("Male Adult"));
-    QTest::keyClicks(form.ui.title->lineEdit(), s("s"));
-    QCOMPARE(form.genderAndAge(), s("Female Adult"));
-}
-
-void TestKWGuestWidgetImpl::aTitleFromTheListTellsTheSame()
-{
-    Form form;
-    GuestForm::pick(form.ui.title, "Master");
-    QCOMPARE(form.genderAndAge(), s("Male Child"));
-    GuestForm::pick(form.ui.title, "Dr");
-    QCOMPARE(form.genderAndAge(), s("Male Adult"));
-}
-
-void TestKWGuestWidgetImpl::aGenderChosenByHandIsKept()
-{
-    Form form;
-    GuestForm::pick(form.ui.gender, "Female");
-    GuestForm::type(form.ui.title, "Mr");
-    QCOMPARE(form.genderAndAge(), s("Female Adult"));
-    GuestForm::type(form.ui.title, "Master");
-    QCOMPARE(form.genderAndAge(), s("Female Child"));
-
-    Form byArrow;
-    QTest::keyClick(byArrow.ui.gender, Qt::Key_Down);
-    GuestForm::type(byArrow.ui.title, "Mrs");
-    QCOMPARE(byArrow.genderAndAge(), s("Male Adult"));
-}
-
-void TestKWGuestWidgetImpl::anAgeChosenByHandIsKept()
-{
-    Form form;
-    GuestForm::pick(form.ui.age, "Child");
-    GuestForm::type(form.ui.title, "Mrs");
-    QCOMPARE(form.genderAndAge(), s("Female Child"));
-    GuestForm::type(form.ui.title, "Master");
-    GuestForm::type(form.ui.title, "Mr");
-    QCOMPARE(form.genderAndAge(), s("Male Child"));
-}
-
-void TestKWGuestWidgetImpl::aGenderThatTheProgramSetsIsNoChoice()
-{
-    Form form;
-    form.widget.setGender(KWGuest::Female);
-    form.widget.setAge(KWGuest::Child);
-    GuestForm::type(form.ui.title, "Mr");
-    QCOMPARE(form.genderAndAge(), s("Male Adult"));
-}
-
-void TestKWGuestWidgetImpl::titlesOfAnotherLanguageTellTheSame()
-{
-    const BracketTranslator translator;
-    Form form;
-    QVERIFY(GuestForm::entries(form.ui.title).contains(s("[Mrs]")));
-    GuestForm::pick(form.ui.title, "[Mrs]");
-    QCOMPARE(form.widget.gender(), int(KWGuest::Female));
-    GuestForm::type(form.ui.title, "Mr");
-    QCOMPARE(form.widget.gender(), int(KWGuest::Female));
-    GuestForm::pick(form.ui.title, "[Master]");
-    QCOMPARE(form.widget.gender(), int(KWGuest::Male));
-    QCOMPARE(form.widget.age(), int(KWGuest::Child));
-}
-
-void TestKWGuestWidgetImpl::theDisplayNameFollowsTheOtherNames()
-{
-    Form form;
-    GuestForm::type(form.ui.first, "ann");
-    QCOMPARE(form.widget.displayName(), s("Ann"));
-    GuestForm::type(form.ui.last, "smith ");
-    QCOMPARE(form.widget.displayName(), s("Ann Smith"));
-    GuestForm::pick(form.ui.title, "Dr");
-    QCOMPARE(form.widget.displayName(), s("Dr Ann Smith"));
-    GuestForm::type(form.ui.first, "");
-    QCOMPARE(form.widget.displayName(), s("Dr  Smith"));
-    GuestForm::type(form.ui.title, "");
-    QCOMPARE(form.widget.displayName(), s("Smith"));
-}
-
-void TestKWGuestWidgetImpl::aDisplayNameTypedByHandIsLeftAlone()
-{
-    Form form;
-    form.typeNames("Dr", "Ann", "Smith");
-    QTest::keyClicks(form.ui.display, s(" FRS"));
-    form.typeNames("Mrs", "Bea", "Jones");
-    QCOMPARE(form.widget.displayName(), s("Dr Ann Smith FRS"));
-
-    Form emptied;
-    GuestForm::type(emptied.ui.first, "Ann");
-    GuestForm::type(emptied.ui.display, "");
-    GuestForm::type(emptied.ui.last, "Smith");
-    QCOMPARE(emptied.widget.displayName(), QString());
-}
-
-void TestKWGuestWidgetImpl::aDisplayNameThatIsSetFollowsIfTheNamesGiveIt_data()
-{
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("display");
-    QTest::addColumn<QString>("afterwards");
-    const auto row = [](const char *name, const char *first, const char *display,
-                        const char *afterwards) {
-        QTest::newRow(name) << s(first) << s(display) << s(afterwards);
-    };
-    row("as the names give it", "Ann", "Dr Ann Smith", "Dr Bea Smith");
-    row("by hand", "Ann", "Auntie Ann", "Auntie Ann");
-    row("letter case differs", "Ann", "dr ann smith", "dr ann smith");
-    row("empty", "Ann", "", "");
-    row("names in lower case", "ann", "Dr ann Smith", "Dr Bea Smith");
-    row("without a first name", "", "Dr  Smith", "Dr Bea Smith");
-}
-
-void TestKWGuestWidgetImpl::aDisplayNameThatIsSetFollowsIfTheNamesGiveIt()
-{
-    QFETCH(QString, first);
-    QFETCH(QString, display);
-    QFETCH(QString, afterwards);
-    Form form;
-    form.widget.setTitle(s("Dr"));
-    form.widget.setFirstName(first);
-    form.widget.setLastName(s("Smith"));
-    form.widget.setDisplayName(display);
-    QCOMPARE(form.widget.displayName(), display);
-    GuestForm::type(form.ui.first, "Bea");
-    QCOMPARE(form.widget.displayName(), afterwards);
-}
-
-void TestKWGuestWidgetImpl::namesGetTheirCapitalsUnlessThatIsSwitchedOff_data()
-{
-    QTest::addColumn<bool>("on");
-    QTest::addColumn<QString>("names");
-    QTest::newRow("on") << true << s("Lady Mary-Ann O'Neil");
-    QTest::newRow("off") << false << s("lady mary-ann o'neil");
-}
-
-void TestKWGuestWidgetImpl::namesGetTheirCapitalsUnlessThatIsSwitchedOff()
-{
-    QFETCH(bool, on);
-    QFETCH(QString, names);
-    FakeMainWindow window;
-    window.userSettings()->setMiscCapitaliseNames(on);
-    Form form;
-    window.userSettings()->setMiscCapitaliseNames(!on);
-    form.typeNames("  lady", "  mary-ann", "  o'neil");
-    QCOMPARE(form.widget.displayName(), names);
-    QCOMPARE(QStringList({form.widget.title(), form.widget.firstName(), form.widget.lastName()})
-                 .join(u' '),
-             names);
-}
-
-void TestKWGuestWidgetImpl::theDisplayNameAndTheMealAreNotTidied()
-{
-    Form form;
-    GuestForm::type(form.ui.display, " ann");
-    GuestForm::type(form.ui.meal, " fish");
-    QCOMPARE(form.widget.displayName(), s(" ann"));
-    QCOMPARE(form.widget.meal(), s(" fish"));
-}
-
-void TestKWGuestWidgetImpl::namesThatAreSetStayAsTheyAreUntilSomebodyTypes()
-{
-    Form form;
-    form.widget.setTitle(s("graf"));
-    form.widget.setFirstName(s(" ludwig"));
-    form.widget.setLastName(s("van beethoven"));
-    form.widget.setTitleChoices({s("graf"), s("prof")});
-    QCOMPARE(form.widget.title(), s("graf"));
-    QCOMPARE(form.widget.firstName(), s(" ludwig"));
-    QCOMPARE(form.widget.lastName(), s("van beethoven"));
-    QTest::keyClicks(form.ui.last, s("s"));
-    QCOMPARE(form.widget.lastName(), s("Van Beethovens"));
-}
-
 void TestKWGuestWidgetImpl::aListDoesNotChangeTheTextThatIsShown()
 {
-    Form form;
+    ShownGuestForm form;
     QCOMPARE(form.widget.meal(), QString());
     GuestForm::type(form.ui.meal, "Goose");
     QSignalSpy changed(form.ui.meal, &QComboBox::editTextChanged);
@@ -380,7 +115,7 @@ void TestKWGuestWidgetImpl::aListDoesNotChangeTheTextThatIsShown()
 
 void TestKWGuestWidgetImpl::arrowKeysGoOnFromTheTextThatIsShown()
 {
-    Form form;
+    ShownGuestForm form;
     QTest::keyClick(form.ui.meal->lineEdit(), Qt::Key_Down);
     QCOMPARE(form.widget.meal(), s("Beef"));
     form.widget.setMeal(s("Fish"));
@@ -404,7 +139,7 @@ void TestKWGuestWidgetImpl::aPickMovesTheFocusOn()
     QFETCH(QString, from);
     QFETCH(QString, entry);
     QFETCH(QString, to);
-    Form form;
+    ShownGuestForm form;
     auto *combo = child<QComboBox>(form.widget, from);
     combo->setFocus();
     GuestForm::pick(combo, qPrintable(entry));
@@ -414,7 +149,7 @@ void TestKWGuestWidgetImpl::aPickMovesTheFocusOn()
 
 void TestKWGuestWidgetImpl::anArrowKeyKeepsTheFocus()
 {
-    Form form;
+    ShownGuestForm form;
     for (QComboBox *combo : {form.ui.title, form.ui.gender, form.ui.age}) {
         combo->setFocus();
         QWidget *keys = QApplication::focusWidget();
@@ -426,7 +161,7 @@ void TestKWGuestWidgetImpl::anArrowKeyKeepsTheFocus()
 
 void TestKWGuestWidgetImpl::leavingTitleAndMealTellsTheirTexts()
 {
-    Form form;
+    ShownGuestForm form;
     QSignalSpy titles(&form.widget, &KWGuestWidgetImpl::titleTextChanged);
     QSignalSpy meals(&form.widget, &KWGuestWidgetImpl::mealTextChanged);
     form.widget.focusTitle();
@@ -442,7 +177,7 @@ void TestKWGuestWidgetImpl::leavingTitleAndMealTellsTheirTexts()
 
 void TestKWGuestWidgetImpl::changedNamesAreTold()
 {
-    Form form;
+    ShownGuestForm form;
     QSignalSpy firsts(&form.widget, &KWGuestWidgetImpl::firstNameChanged);
     QSignalSpy lasts(&form.widget, &KWGuestWidgetImpl::lastNameChanged);
     QTest::keyClicks(form.ui.first, s("al"));
@@ -453,7 +188,7 @@ void TestKWGuestWidgetImpl::changedNamesAreTold()
 
 void TestKWGuestWidgetImpl::valuesGoInAndOut()
 {
-    Form form;
+    ShownGuestForm form;
     KWGuestWidgetImpl &widget = form.widget;
     widget.setTitle(s("Lord"));
     widget.setFirstName(s("Ann"));
@@ -506,7 +241,7 @@ void TestKWGuestWidgetImpl::longTextsAndNotesThatAreNotTouchedComeBackAsTheyWere
 
 void TestKWGuestWidgetImpl::clearLeavesGenderAgeMealAndLock()
 {
-    Form form;
+    ShownGuestForm form;
     form.typeNames("Mrs", "Ann", "Smith");
     GuestForm::type(form.ui.display, "Auntie");
     GuestForm::type(form.ui.meal, "Fish");
@@ -529,7 +264,7 @@ void TestKWGuestWidgetImpl::clearLeavesGenderAgeMealAndLock()
 
 void TestKWGuestWidgetImpl::aRemovedLockIsGoneFromTheForm()
 {
-    Form form;
+    ShownGuestForm form;
     form.widget.setLocked(true);
     form.widget.removeLocked();
     QVERIFY(!form.widget.findChild<QWidget *>(s("m_lockedCheckBox")));
@@ -541,7 +276,7 @@ void TestKWGuestWidgetImpl::aRemovedLockIsGoneFromTheForm()
 
 void TestKWGuestWidgetImpl::aNewLanguageTranslatesTheFormAndWhatWasRemoved()
 {
-    Form form;
+    ShownGuestForm form;
     form.widget.setGender(KWGuest::Female);
     form.widget.setTitle(s("Dr"));
     form.widget.removeLocked();

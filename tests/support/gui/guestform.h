@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogtest.h"
+#include "kwguestwidgetimpl.h"
 #include "kwpickcombobox.h"
 #include "testplan.h"
 
@@ -71,4 +72,30 @@ struct GuestForm
             result.append(combo->itemText(i));
         return result;
     }
+};
+
+/// The form for a guest on the screen, with the titles of a new plan and three meals to choose
+/// from.
+struct ShownGuestForm
+{
+    ShownGuestForm()
+    {
+        widget.setTitleChoices(KWDocument().titles());
+        widget.setMealChoices({s("Beef"), s("Fish"), s("Vegan")});
+        widget.show();
+        if (!QTest::qWaitForWindowActive(&widget))
+            qFatal("no keys");
+    }
+
+    void typeNames(const char *title, const char *first, const char *last)
+    {
+        GuestForm::type(ui.title, title);
+        GuestForm::type(ui.first, first);
+        GuestForm::type(ui.last, last);
+    }
+
+    QString genderAndAge() const { return ui.gender->currentText() + u' ' + ui.age->currentText(); }
+
+    KWGuestWidgetImpl widget;
+    GuestForm ui{widget};
 };
