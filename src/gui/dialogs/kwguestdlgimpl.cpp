@@ -274,7 +274,7 @@ void KWGuestDlgImpl::insertGuest()
                          form.isLocked(), form.notes(), form.isVip(), form.isAccepted(), group);
     // Whoever listens may have put the guest elsewhere.
     if (group->guestCount() == 0)
-        m_document->deleteGroup(group, true);
+        m_document->deleteGroup(group, false);
 }
 
 void KWGuestDlgImpl::editGuest()

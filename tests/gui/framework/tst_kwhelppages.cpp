@@ -73,20 +73,28 @@ const QSet<QString> &programTexts()
         u"Custom table..."_s, u"Contents"_s, u"Quick start guide"_s, u"Tutorial"_s, u"Whats this"_s,
         u"Web pages"_s, u"About..."_s,
         // entries that name what they work on
-        u"Undo Edit Information"_s, u"Redo Edit Information"_s, u"Print Floor plan..."_s,
+        u"Undo Edit Information"_s, u"Redo Edit Information"_s, u"Undo Insert guest"_s,
+        u"Undo Edit guest"_s, u"Undo Edit group"_s, u"Print Floor plan..."_s,
         u"Print Table chart..."_s, u"Print Guest chart..."_s,
         // panes
         u"Guests"_s, u"Groups"_s, u"Floor plan"_s, u"Schematic"_s, u"Table chart"_s,
         u"Guest chart"_s, u"Statistics"_s,
         // buttons
-        u"OK"_s, u"Cancel"_s, u"Add"_s, u"Don't save"_s, u"Save as"_s, u"Continue"_s,
-        u"Stop (Esc)"_s,
+        u"OK"_s, u"Cancel"_s, u"Add"_s, u"Yes"_s, u"No"_s, u"Don't save"_s, u"Save as"_s,
+        u"Continue"_s, u"Stop (Esc)"_s,
         // file window
         u"Ambrelune backup (*.kwb)"_s,
         // Information
         u"Event"_s, u"Venue"_s, u"Date"_s, u"Days remaining:"_s, u"Cost"_s, u"Fixed:"_s,
         u"Per adult:"_s, u"Per child:"_s, u"Total (all guests):"_s, u"Total (accepted guests):"_s,
         u"Notes"_s,
+        // Insert guest, Guest properties, Group properties
+        u"Guest"_s, u"Group"_s, u"Contact"_s, u"Title:"_s, u"First name:"_s, u"Last name:"_s,
+        u"Display name:"_s, u"Gender:"_s, u"Undefined"_s, u"Male"_s, u"Female"_s, u"Age:"_s,
+        u"Adult"_s, u"Child"_s, u"Meal:"_s, u"Notes:"_s, u"VIP"_s, u"accepted invite"_s,
+        u"locked"_s, u"Assigned:"_s, u"Name:"_s, u"Address 1:"_s, u"Address 2:"_s, u"Town/City:"_s,
+        u"State/County:"_s, u"ZIP/Postcode:"_s, u"Country:"_s, u"Work phone:"_s, u"Home phone:"_s,
+        u"Mobile:"_s, u"Email:"_s,
         // Preferences
         u"Preferences"_s, u"General"_s, u"Auto layout"_s, u"when saved"_s, u"automatically every"_s,
         u"warn on delete guest or group"_s, u"warn on delete table"_s,
@@ -164,8 +172,9 @@ void TestHelpPages::everyWindowThatTheProgramHasAPageFor_data()
     // The topics that windows and menu entries ask for.
     for (const QString &topic :
          {u"Main_window.htm"_s, u"Quick_start_guide.htm"_s, u"Tutorial.htm"_s,
-          u"Information_window.htm"_s, u"Preferences_window.htm"_s,
-          u"Most_recently_accessed_window.htm"_s})
+          u"Information_window.htm"_s, u"Insert_guest_window.htm"_s,
+          u"Guest_properties_window.htm"_s, u"Group_properties_window.htm"_s,
+          u"Preferences_window.htm"_s, u"Most_recently_accessed_window.htm"_s})
         QTest::newRow(qPrintable(topic)) << topic;
 }
 
