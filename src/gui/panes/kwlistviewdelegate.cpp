@@ -44,6 +44,10 @@ void KWListViewDelegate::initStyleOption(QStyleOptionViewItem *option,
                                          const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    // Or a selected row's pictures would take on the colour that they stand on.
+    const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
+    if (!picture.isNull())
+        option->icon.addPixmap(picture, QIcon::Selected);
     if (m_list->headerItem()->textAlignment(index.column()) & Qt::AlignHCenter)
         option->decorationPosition = QStyleOptionViewItem::Top;
 }

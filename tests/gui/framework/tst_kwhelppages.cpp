@@ -79,6 +79,8 @@ const QSet<QString> &programTexts()
         // panes
         u"Guests"_s, u"Groups"_s, u"Floor plan"_s, u"Schematic"_s, u"Table chart"_s,
         u"Guest chart"_s, u"Statistics"_s,
+        // the list of guests
+        u"Find:"_s, u"VIP"_s, u"Accepted"_s, u"Show guest in plan"_s,
         // buttons
         u"OK"_s, u"Cancel"_s, u"Add"_s, u"Yes"_s, u"No"_s, u"Don't save"_s, u"Save as"_s,
         u"Continue"_s, u"Stop (Esc)"_s,
