@@ -5,6 +5,7 @@
 #include "ui_kwguestviewfilter.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 using Row = KWGuestListViewItem;
 
@@ -17,6 +18,7 @@ KWGuestViewFilterImpl::KWGuestViewFilterImpl(QWidget *parent, KWGuestsListView *
     connect(m_ui->m_showButton, &QToolButton::clicked, this, &Filter::showAll);
     connect(m_ui->m_hideButton, &QToolButton::clicked, this, &Filter::hideAll);
     connect(m_ui->m_findLineEdit, &QLineEdit::textChanged, this, &Filter::find);
+    m_ui->m_findLineEdit->installEventFilter(this);
     connectBoxes();
     hideAll();
     if (view)
@@ -174,6 +176,20 @@ void KWGuestViewFilterImpl::showMealChanged(bool on)
 void KWGuestViewFilterImpl::showNotesChanged(bool on)
 {
     changeColumn(Row::Notes, on);
+}
+
+// Whoever has found a guest goes on with a command. Line edits of this platform take some of its
+// keys for ways to move and to delete.
+bool KWGuestViewFilterImpl::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() != QEvent::ShortcutOverride)
+        return QWidget::eventFilter(object, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    const QList<int> commands{Qt::Key_E, Qt::Key_K, Qt::Key_U};
+    if (key->modifiers() != Qt::ControlModifier || !commands.contains(key->key()))
+        return false;
+    event->ignore();
+    return true;
 }
 
 void KWGuestViewFilterImpl::languageChange()

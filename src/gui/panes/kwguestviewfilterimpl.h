@@ -62,6 +62,7 @@ public slots:
     void languageChange();
 
 protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

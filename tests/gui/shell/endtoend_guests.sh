@@ -81,6 +81,12 @@ says 'display_name="Dr%20Zoe%20Adams" .*gender="Undefined"' 1
 find_guest marley
 wait_until 10 selected_row || fail "Nobody is selected"
 picture found
+# The keys of the commands work from the box, too, though line edits have uses of their own for them.
+xdotool key ctrl+e
+active "Guest properties"
+picture properties
+xdotool key Escape
+gone "Guest properties"
 # On to the list, past the button that unfolds the panel.
 xdotool key Tab Tab F2 ctrl+a
 xdotool type -- "Best man"

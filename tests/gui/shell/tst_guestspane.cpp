@@ -246,6 +246,27 @@ private slots:
         QCOMPARE(enabledCommands(open), s("Delete Properties Lock Accepted"));
     }
 
+    void whoeverIsFoundIsOpenToTheKeysOfTheCommands_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("lock") << int(Qt::Key_K) << s("&Undo Lock");
+        QTest::newRow("unassign") << int(Qt::Key_U) << s("&Undo Unassign");
+    }
+
+    void whoeverIsFoundIsOpenToTheKeysOfTheCommands()
+    {
+        GuestsWindow open;
+        QVERIFY(QTest::qWaitForWindowActive(&open.window));
+        auto *box = open.filter().findChild<QLineEdit *>(s("m_findLineEdit"));
+        box->setFocus();
+        QTest::keyClicks(box, s("ann"));
+        QFETCH(int, key);
+        QTest::keyClick(box, static_cast<Qt::Key>(key), Qt::ControlModifier);
+        QTEST(open.undoText(), "label");
+        QCOMPARE(box->text(), s("ann"));
+    }
+
     void theContextMenuHoldsTheActionsOfTheMenuBar()
     {
         GuestsWindow open;
