@@ -23,14 +23,12 @@ void KWGroupWidgetImpl::setName(const QString &name)
 
 QString KWGroupWidgetImpl::notes() const
 {
-    const QTextEdit *edit = m_ui->m_groupNotesEdit;
-    return edit->document()->isModified() ? edit->toPlainText() : m_notes;
+    return m_ui->m_groupNotesEdit->notes();
 }
 
 void KWGroupWidgetImpl::setNotes(const QString &notes)
 {
-    m_notes = notes;
-    m_ui->m_groupNotesEdit->setPlainText(notes);
+    m_ui->m_groupNotesEdit->setNotes(notes);
 }
 
 void KWGroupWidgetImpl::clear()

@@ -19,7 +19,6 @@ public:
 
     QString name() const;
     void setName(const QString &name);
-    /// As they were set, until they are edited: the editor cannot hold every character.
     QString notes() const;
     void setNotes(const QString &notes);
     void clear();
@@ -34,5 +33,4 @@ protected:
 
 private:
     std::unique_ptr<Ui::KWGroupWidget> m_ui;
-    QString m_notes;
 };

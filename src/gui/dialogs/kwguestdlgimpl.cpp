@@ -68,6 +68,7 @@ KWGuestDlgImpl::KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGuest *g
             &KWGuestDlgImpl::autoUpdateGroupName);
     connect(m_ui->m_guestWidget, &KWGuestWidgetImpl::lastNameChanged, this,
             &KWGuestDlgImpl::autoUpdateGroupName);
+    connect(m_ui->m_addPushButton, &QPushButton::clicked, this, &KWGuestDlgImpl::add);
     connect(m_ui->m_helpPushButton, &QPushButton::clicked, this, &KWGuestDlgImpl::help);
     addAccel(this, Qt::Key_F1, this, &KWGuestDlgImpl::help);
     new KWWhatsThisHelper(this);
@@ -86,8 +87,7 @@ void KWGuestDlgImpl::setUpInsert()
     remove(m_ui->m_okPushButton);
     m_ui->m_guestWidget->removeLocked();
     m_ui->m_addPushButton->setDefault(true);
-    m_ui->m_guestWidget->setTitleChoices(m_document->titles());
-    m_ui->m_guestWidget->setMealChoices(m_document->meals());
+    fillChoices();
 }
 
 void KWGuestDlgImpl::setUpEditGuest()
@@ -95,8 +95,7 @@ void KWGuestDlgImpl::setUpEditGuest()
     setObjectName(u"edit guest dlg"_s);
     remove(m_ui->m_addPushButton);
     m_ui->m_okPushButton->setDefault(true);
-    m_ui->m_guestWidget->setTitleChoices(m_document->titles());
-    m_ui->m_guestWidget->setMealChoices(m_document->meals());
+    fillChoices();
     fillGuest();
     if (m_guest->group()) {
         fillGroup(*m_guest->group());
@@ -119,6 +118,12 @@ void KWGuestDlgImpl::setUpEditGroup()
 void KWGuestDlgImpl::remove(QWidget *part)
 {
     part->setParent(&m_removed);
+}
+
+void KWGuestDlgImpl::fillChoices()
+{
+    m_ui->m_guestWidget->setTitleChoices(m_document->titles());
+    m_ui->m_guestWidget->setMealChoices(m_document->meals());
 }
 
 void KWGuestDlgImpl::fillGuest()
@@ -213,6 +218,11 @@ void KWGuestDlgImpl::autoUpdateGroupName()
     m_ui->m_groupWidget->setName(last.isEmpty() ? m_ui->m_guestWidget->firstName() : last);
 }
 
+void KWGuestDlgImpl::add()
+{
+    accept();
+}
+
 void KWGuestDlgImpl::accept()
 {
     if (apply())
@@ -229,7 +239,6 @@ bool KWGuestDlgImpl::apply()
     }
     if (!hasName() || !mayHaveThisName())
         return false;
-    const KWBusy busy;
     if (m_guest)
         editGuest();
     else
@@ -265,6 +274,7 @@ bool KWGuestDlgImpl::mayHaveThisName() const
 void KWGuestDlgImpl::insertGuest()
 {
     const KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
+    beginBusy();
     saveUndoState(tr("Insert guest"));
     KWGroup *group =
         m_document->addGroup(m_ui->m_contactWidget->contact(), m_ui->m_groupWidget->name(),
@@ -272,14 +282,16 @@ void KWGuestDlgImpl::insertGuest()
     m_document->addGuest(form.displayName(), form.title(), form.firstName().trimmed(),
                          form.lastName().trimmed(), form.meal(), form.gender(), form.age(),
                          form.isLocked(), form.notes(), form.isVip(), form.isAccepted(), group);
-    // Whoever listens may have put the guest elsewhere.
-    if (group->guestCount() == 0)
+    endBusy();
+    // Whoever listens may have put the guest elsewhere, and the group away.
+    if (m_document->groups().contains(group) && group->guestCount() == 0)
         m_document->deleteGroup(group, false);
 }
 
 void KWGuestDlgImpl::editGuest()
 {
     const KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
+    const KWBusy busy;
     saveUndoState(tr("Edit guest"));
     m_document->editGuest(m_guest, form.displayName(), form.title(), form.firstName().trimmed(),
                           form.lastName().trimmed(), form.meal(), form.gender(), form.age(),
@@ -309,6 +321,8 @@ void KWGuestDlgImpl::languageChange()
     m_ui->m_guestWidget->languageChange();
     m_ui->m_groupWidget->languageChange();
     m_ui->m_contactWidget->languageChange();
+    if (!m_group)
+        fillChoices();
     showTexts();
 }
 

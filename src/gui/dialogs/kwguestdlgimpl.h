@@ -33,6 +33,8 @@ public slots:
     /// Writes the plan. False, after telling the user or asking, if what was entered may not be
     /// taken; the plan is untouched then.
     bool apply();
+    /// Inserts the guest and closes, as accept() does.
+    void add();
     void autoUpdateGroupName();
     void help();
     void languageChange();
@@ -49,6 +51,7 @@ private:
     void remove(QWidget *part);
     void fillGuest();
     void fillGroup(const KWGroup &group);
+    void fillChoices();
     void setDefaultFocus();
     void showTexts();
     void showSeat();

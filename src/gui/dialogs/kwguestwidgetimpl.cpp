@@ -53,15 +53,15 @@ KWGuestWidgetImpl::KWGuestWidgetImpl(QWidget *parent)
     connectFields();
 }
 
-// An edit that loses the focus tells so, which must reach a whole object.
+// A field that goes may take its text for a choice from its list.
 KWGuestWidgetImpl::~KWGuestWidgetImpl()
 {
-    hide();
+    m_ui->m_titleCombo->disconnect(this);
 }
 
 void KWGuestWidgetImpl::setUpCombos()
 {
-    for (QComboBox *combo : {static_cast<QComboBox *>(m_ui->m_titleCombo), m_ui->m_mealCombo}) {
+    for (QComboBox *combo : {m_ui->m_titleCombo, m_ui->m_mealCombo}) {
         // "Mr" must not become "Mrs" before it is all typed.
         combo->setCompleter(nullptr);
         combo->lineEdit()->setMaxLength(m_ui->m_firstNameLineEdit->maxLength());
@@ -89,10 +89,13 @@ void KWGuestWidgetImpl::connectFields()
     connect(ui.m_titleCombo, &QComboBox::editTextChanged, this, &Widget::updateAgeFromTitle);
     connect(ui.m_genderComboBox, &QComboBox::activated, this, &Widget::userUpdatedGender);
     connect(ui.m_ageComboBox, &QComboBox::activated, this, &Widget::userUpdatedAge);
-    connect(ui.m_titleCombo->lineEdit(), &QLineEdit::editingFinished, this,
-            &Widget::titleComboLostFocus);
-    connect(ui.m_mealCombo->lineEdit(), &QLineEdit::editingFinished, this,
-            &Widget::mealComboLostFocus);
+    // They have the focus in the place of their line edits.
+    ui.m_titleCombo->installEventFilter(this);
+    ui.m_mealCombo->installEventFilter(this);
+    // The validator has been at a chosen text, too; a pick is told first, and moves the focus.
+    const auto untidy = [this](int index) { setTitle(m_ui->m_titleCombo->itemText(index)); };
+    connect(ui.m_titleCombo, &KWPickComboBox::picked, this, untidy);
+    connect(ui.m_titleCombo, &QComboBox::activated, this, untidy);
 
     const auto goOn = [this](KWPickComboBox *from, QWidget *to) {
         connect(from, &KWPickComboBox::picked, to, qOverload<>(&QWidget::setFocus));
@@ -191,14 +194,12 @@ void KWGuestWidgetImpl::setMeal(const QString &meal)
 
 QString KWGuestWidgetImpl::notes() const
 {
-    const QTextEdit *edit = m_ui->m_notesTextEdit;
-    return edit->document()->isModified() ? edit->toPlainText() : m_notes;
+    return m_ui->m_notesTextEdit->notes();
 }
 
 void KWGuestWidgetImpl::setNotes(const QString &notes)
 {
-    m_notes = notes;
-    m_ui->m_notesTextEdit->setPlainText(notes);
+    m_ui->m_notesTextEdit->setNotes(notes);
 }
 
 bool KWGuestWidgetImpl::isVip() const
@@ -306,6 +307,18 @@ void KWGuestWidgetImpl::mealComboLostFocus()
 void KWGuestWidgetImpl::titleComboLostFocus()
 {
     emit titleTextChanged(title());
+}
+
+bool KWGuestWidgetImpl::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::FocusOut &&
+        static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason) {
+        if (object == m_ui->m_titleCombo)
+            titleComboLostFocus();
+        else
+            mealComboLostFocus();
+    }
+    return QWidget::eventFilter(object, event);
 }
 
 void KWGuestWidgetImpl::languageChange()

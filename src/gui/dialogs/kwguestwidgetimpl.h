@@ -25,7 +25,7 @@ public:
     /// What the lists offer; the texts that are shown stay.
     void setTitleChoices(const QStringList &titles);
     void setMealChoices(const QStringList &meals);
-    /// Takes the box out of the form for good; nobody is locked from then on.
+    /// Unticks the box and takes it out of the form for good.
     void removeLocked();
 
     QString title() const;
@@ -45,7 +45,6 @@ public:
     void setAge(int age);
     QString meal() const;
     void setMeal(const QString &meal);
-    /// As they were set, until they are edited: the editor cannot hold every character.
     QString notes() const;
     void setNotes(const QString &notes);
     bool isVip() const;
@@ -78,6 +77,7 @@ signals:
     void titleTextChanged(const QString &text);
 
 protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
@@ -89,7 +89,6 @@ private:
     std::unique_ptr<Ui::KWGuestWidget> m_ui;
     /// Owns what was taken out of the form, which still has pointers to it.
     QWidget m_removed;
-    QString m_notes;
     bool m_autoGender = true;
     bool m_autoAge = true;
 };

@@ -4,7 +4,8 @@
 
 /// Tidies a name while it is typed: takes leading blanks away and, if it is to, makes the first
 /// letter of each word upper case. Every text is acceptable. Texts that the program sets in a field
-/// are tidied, too, so what a plan holds must be put there without the validator.
+/// are tidied, too, so what a plan holds must be put there without the validator. A field forgets
+/// what could be undone in it whenever a text is tidied.
 class KWNameValidator : public QValidator
 {
     Q_OBJECT

@@ -12,9 +12,10 @@ KWScrollingPage::KWScrollingPage(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
-    // By itself it follows the Tab key only.
+    // By itself it follows the Tab key only. What is under the mouse must not run away from it.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
-        if (now && widget() && widget()->isAncestorOf(now))
+        const bool byMouse = QGuiApplication::mouseButtons() != Qt::NoButton;
+        if (now && !byMouse && widget() && widget()->isAncestorOf(now))
             ensureWidgetVisible(now);
     });
 }

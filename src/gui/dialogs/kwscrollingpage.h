@@ -4,7 +4,7 @@
 
 /// A page of a form that scrolls up and down where the screen is too low for all of it, and never
 /// sideways. It wants as much room as its contents, where a plain scroll area stops at some lines,
-/// and shows what has the focus. Needs its widget before anybody asks for its size.
+/// and shows what gets the focus by a key. Needs its widget before anybody asks for its size.
 class KWScrollingPage : public QScrollArea
 {
     Q_OBJECT

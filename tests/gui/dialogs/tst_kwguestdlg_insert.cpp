@@ -214,6 +214,7 @@ private slots:
         row("the same", "Mrs", "Ann", "Smith", "Mrs Ann Smith");
         row("other letter case", "mRS", "ANN", "smith", "MRS ANN Smith");
         row("blanks around", "Mrs", "Ann ", "Smith  ", "Mrs Ann Smith");
+        row("blanks behind the title", "Mrs ", "Ann", "Smith", "Mrs  Ann Smith");
         row("no title", "", "Cleo", "Jones", "Cleo Jones");
         row("one name", "", "", "Dan", "Dan");
         row("other title", "Ms", "Ann", "Smith", "");

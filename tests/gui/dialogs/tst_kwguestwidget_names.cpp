@@ -12,6 +12,8 @@ private slots:
 
     void theTitleTellsGenderAndAge_data();
     void theTitleTellsGenderAndAge();
+    void theTitleDrLeavesGenderAndAgeAsTheyWere();
+    void theTitleMissLeavesAnEarlierChildInPlace();
     void typingMrsPassesThroughMrAndEndsAtFemale();
     void aTitleFromTheListTellsTheSame();
     void aGenderChosenByHandIsKept();
@@ -25,6 +27,8 @@ private slots:
     void namesGetTheirCapitalsUnlessThatIsSwitchedOff_data();
     void namesGetTheirCapitalsUnlessThatIsSwitchedOff();
     void theDisplayNameAndTheMealAreNotTidied();
+    void withTheSettingOffANameInLowerCaseStaysSoButLeadingBlanksGo();
+    void aTitlePickedFromTheListStaysAsItIs();
     void namesThatAreSetStayAsTheyAreUntilSomebodyTypes();
 };
 
@@ -64,6 +68,25 @@ void TestKWGuestWidgetNames::theTitleTellsGenderAndAge()
     girl.widget.setAge(KWGuest::Child);
     GuestForm::paste(girl.ui.title->lineEdit(), title);
     QCOMPARE(girl.genderAndAge(), fromFemaleChild);
+}
+
+void TestKWGuestWidgetNames::theTitleDrLeavesGenderAndAgeAsTheyWere()
+{
+    ShownGuestForm form;
+    GuestForm::pick(form.ui.gender, "Female");
+    GuestForm::pick(form.ui.age, "Child");
+    GuestForm::type(form.ui.title, "dr");
+    QCOMPARE(form.widget.title(), s("Dr"));
+    QCOMPARE(form.genderAndAge(), s("Female Child"));
+}
+
+void TestKWGuestWidgetNames::theTitleMissLeavesAnEarlierChildInPlace()
+{
+    ShownGuestForm form;
+    GuestForm::type(form.ui.title, "Master");
+    QCOMPARE(form.genderAndAge(), s("Male Child"));
+    GuestForm::paste(form.ui.title->lineEdit(), s("Miss"));
+    QCOMPARE(form.genderAndAge(), s("Female Child"));
 }
 
 void TestKWGuestWidgetNames::typingMrsPassesThroughMrAndEndsAtFemale()
@@ -226,6 +249,27 @@ void TestKWGuestWidgetNames::theDisplayNameAndTheMealAreNotTidied()
     GuestForm::type(form.ui.meal, " fish");
     QCOMPARE(form.widget.displayName(), s(" ann"));
     QCOMPARE(form.widget.meal(), s(" fish"));
+}
+
+void TestKWGuestWidgetNames::withTheSettingOffANameInLowerCaseStaysSoButLeadingBlanksGo()
+{
+    FakeMainWindow window;
+    window.userSettings()->setMiscCapitaliseNames(false);
+    ShownGuestForm form;
+    GuestForm::type(form.ui.first, "  mary");
+    QCOMPARE(form.widget.firstName(), s("mary"));
+}
+
+void TestKWGuestWidgetNames::aTitlePickedFromTheListStaysAsItIs()
+{
+    ShownGuestForm form;
+    form.widget.setTitleChoices({s("Dr"), s("gräfin")});
+    GuestForm::pick(form.ui.title, "gräfin");
+    QCOMPARE(form.widget.title(), s("gräfin"));
+    QCOMPARE(form.widget.displayName(), s("gräfin"));
+    form.widget.setTitle(s("Dr"));
+    QTest::keyClick(form.ui.title->lineEdit(), Qt::Key_Down);
+    QCOMPARE(form.widget.title(), s("gräfin"));
 }
 
 void TestKWGuestWidgetNames::namesThatAreSetStayAsTheyAreUntilSomebodyTypes()

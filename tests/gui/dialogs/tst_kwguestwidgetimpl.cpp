@@ -16,6 +16,8 @@ private slots:
     void arrowKeysGoOnFromTheTextThatIsShown();
     void aPickMovesTheFocusOn_data();
     void aPickMovesTheFocusOn();
+    void aPickByReturnMovesTheFocusOn();
+    void theWheelPassesOverFieldsWithoutTheFocus();
     void anArrowKeyKeepsTheFocus();
     void leavingTitleAndMealTellsTheirTexts();
     void changedNamesAreTold();
@@ -80,7 +82,7 @@ void TestKWGuestWidgetImpl::theListsOfGenderAndAgeAreTheirValues()
 void TestKWGuestWidgetImpl::editableListsTakeInNothingAndCompleteNothing()
 {
     ShownGuestForm form;
-    for (QComboBox *combo : {static_cast<QComboBox *>(form.ui.title), form.ui.meal}) {
+    for (KWPickComboBox *combo : {form.ui.title, form.ui.meal}) {
         const QStringList before = GuestForm::entries(combo);
         GuestForm::type(combo, "Ve");
         QCOMPARE(combo->currentText(), s("Ve"));
@@ -147,10 +149,38 @@ void TestKWGuestWidgetImpl::aPickMovesTheFocusOn()
     QTRY_COMPARE(QApplication::focusWidget(), child<QWidget>(form.widget, to));
 }
 
+void TestKWGuestWidgetImpl::aPickByReturnMovesTheFocusOn()
+{
+    ShownGuestForm form;
+    form.ui.gender->setFocus();
+    form.ui.gender->showPopup();
+    QTest::keyClick(form.ui.gender->view(), Qt::Key_Down);
+    QTest::keyClick(form.ui.gender->view(), Qt::Key_Return);
+    QCOMPARE(form.widget.gender(), int(KWGuest::Male));
+    QTRY_COMPARE(QApplication::focusWidget(), form.ui.age);
+}
+
+void TestKWGuestWidgetImpl::theWheelPassesOverFieldsWithoutTheFocus()
+{
+    ShownGuestForm form;
+    form.widget.focusFirstName();
+    for (QComboBox *combo : {form.ui.title, form.ui.gender, form.ui.age, form.ui.meal}) {
+        const QString before = combo->currentText();
+        const QPointF place(combo->rect().center());
+        QWheelEvent wheel(place, combo->mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(combo, &wheel);
+        QVERIFY(!wheel.isAccepted());
+        QCOMPARE(combo->currentText(), before);
+    }
+    GuestForm::type(form.ui.title, "Mr");
+    QCOMPARE(form.genderAndAge(), s("Male Adult"));
+}
+
 void TestKWGuestWidgetImpl::anArrowKeyKeepsTheFocus()
 {
     ShownGuestForm form;
-    for (QComboBox *combo : {form.ui.title, form.ui.gender, form.ui.age}) {
+    for (KWPickComboBox *combo : {form.ui.title, form.ui.gender, form.ui.age}) {
         combo->setFocus();
         QWidget *keys = QApplication::focusWidget();
         QTest::keyClick(keys, Qt::Key_Down);
@@ -173,6 +203,11 @@ void TestKWGuestWidgetImpl::leavingTitleAndMealTellsTheirTexts()
     QTest::keyClicks(form.ui.meal->lineEdit(), s("goose"));
     form.widget.focusTitle();
     QCOMPARE(meals, (QList<QVariantList>{{s("goose")}}));
+    // The Return key leaves nothing.
+    QTest::keyClick(form.ui.title->lineEdit(), Qt::Key_Return);
+    QCOMPARE(titles.count(), 1);
+    form.widget.focusFirstName();
+    QCOMPARE(titles.count(), 2);
 }
 
 void TestKWGuestWidgetImpl::changedNamesAreTold()

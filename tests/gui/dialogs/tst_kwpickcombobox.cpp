@@ -111,6 +111,26 @@ private slots:
         QCOMPARE(combo.picks.count(), 0);
     }
 
+    void theWheelPassesOverABoxWithoutTheFocus()
+    {
+        Combo combo(false);
+        QCOMPARE(combo.focusPolicy(), Qt::StrongFocus);
+        combo.clearFocus();
+        const QPointF place(combo.rect().center());
+        QWheelEvent wheel(place, combo.mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&combo, &wheel);
+        QVERIFY(!wheel.isAccepted());
+        QCOMPARE(combo.currentText(), s("Undefined"));
+    }
+
+    void aBoxThatIsHiddenMakesNoListForThat()
+    {
+        Combo combo(false);
+        combo.hide();
+        QVERIFY(combo.findChildren<QAbstractItemView *>().isEmpty());
+    }
+
     void anArrowKeyBehindAListLeftByEscPicksNothing()
     {
         Combo combo(false);

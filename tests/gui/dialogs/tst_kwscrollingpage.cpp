@@ -73,6 +73,23 @@ private slots:
         QVERIFY(form.shows(form.edits.at(0)));
     }
 
+    void aClickOnWhatIsHalfVisibleReachesIt()
+    {
+        Form form;
+        auto *box = new QCheckBox(s("VIP"));
+        form.page->widget()->layout()->addWidget(box);
+        QVERIFY(form.showAt(300));
+        QScrollBar *bar = form.page->verticalScrollBar();
+        bar->setValue(bar->maximum() - box->height() / 2);
+        const int before = bar->value();
+        const QPoint place = box->mapTo(&form, QPoint(10, 4));
+        // Through the window, as the display sends it.
+        QTest::mouseClick(form.windowHandle(), Qt::LeftButton, {}, place);
+        QVERIFY(box->hasFocus());
+        QVERIFY(box->isChecked());
+        QCOMPARE(bar->value(), before);
+    }
+
     void theTabKeyDoesNotStopAtThePageItself()
     {
         QCOMPARE(Form().page->focusPolicy(), Qt::NoFocus);

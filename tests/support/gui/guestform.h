@@ -15,7 +15,7 @@ struct GuestForm
         , display(window.findChild<QLineEdit *>(s("m_displayNameLineEdit")))
         , gender(window.findChild<KWPickComboBox *>(s("m_genderComboBox")))
         , age(window.findChild<KWPickComboBox *>(s("m_ageComboBox")))
-        , meal(window.findChild<QComboBox *>(s("m_mealCombo")))
+        , meal(window.findChild<KWPickComboBox *>(s("m_mealCombo")))
         , notes(window.findChild<QTextEdit *>(s("m_notesTextEdit")))
         , vip(window.findChild<QCheckBox *>(s("m_vipCheckBox")))
         , accepted(window.findChild<QCheckBox *>(s("m_acceptedCheckBox")))
@@ -29,7 +29,7 @@ struct GuestForm
     QLineEdit *display;
     KWPickComboBox *gender;
     KWPickComboBox *age;
-    QComboBox *meal;
+    KWPickComboBox *meal;
     QTextEdit *notes;
     QCheckBox *vip;
     QCheckBox *accepted;
