@@ -8,16 +8,21 @@
 
 KWCloseableTabWidget::KWCloseableTabWidget(QWidget *parent, const QString &name)
     : QTabWidget(parent)
+    , m_closeButton(new QToolButton(this))
 {
     setObjectName(name);
-    auto *closeButton = new QToolButton(this);
-    closeButton->setIcon(KWPixmaps::instance().closePane());
-    closeButton->setAutoRaise(true);
-    closeButton->setAccessibleName(tr("Hide pane"));
-    closeButton->setWhatsThis(tr("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>Use "
-                                 "the <b>View</b> menu to show it again."));
-    setCornerWidget(closeButton, Qt::TopRightCorner);
-    connect(closeButton, &QToolButton::clicked, this, &QWidget::hide);
+    m_closeButton->setIcon(KWPixmaps::instance().closePane());
+    m_closeButton->setAutoRaise(true);
+    nameCloseButton();
+    setCornerWidget(m_closeButton, Qt::TopRightCorner);
+    connect(m_closeButton, &QToolButton::clicked, this, &QWidget::hide);
+}
+
+void KWCloseableTabWidget::nameCloseButton()
+{
+    m_closeButton->setAccessibleName(tr("Hide pane"));
+    m_closeButton->setWhatsThis(tr("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>"
+                                   "Use the <b>View</b> menu to show it again."));
 }
 
 void KWCloseableTabWidget::addPage(QWidget *page, const QPixmap &icon, const QString &name,
@@ -66,4 +71,11 @@ void KWCloseableTabWidget::hideEvent(QHideEvent *event)
     // user's about the pane.
     if (!event->spontaneous())
         emit visibilityChange(false);
+}
+
+void KWCloseableTabWidget::changeEvent(QEvent *event)
+{
+    QTabWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        nameCloseButton();
 }

@@ -3,6 +3,7 @@
 #include <QTabWidget>
 
 class KWView;
+class QToolButton;
 
 /// One of the panes around the window's centre: tabs with a button that hides them all. Says when
 /// it was shown or hidden, but not when the whole window was minimised.
@@ -31,4 +32,10 @@ signals:
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void nameCloseButton();
+
+    QToolButton *m_closeButton;
 };

@@ -18,6 +18,18 @@ QString shortened(const QString &notes)
     return text.replace(u'\n', u' ');
 }
 
+/// In the words of the guest's dialog; empty for unknown values.
+QString genderAndAge(const KWGuest &guest)
+{
+    static const QList<const char *> genders{"Undefined", "Male", "Female"};
+    static const QList<const char *> ages{"Adult", "Child"};
+    const auto word = [](const char *english) {
+        return QCoreApplication::translate("KWGuestWidget", english);
+    };
+    return (word(genders.value(guest.gender(), "")) + u' ' + word(ages.value(guest.age(), "")))
+        .trimmed();
+}
+
 QString markKey(bool marked)
 {
     return marked ? QStringLiteral("0") : QStringLiteral("1");
@@ -72,6 +84,27 @@ void KWGuestListViewItem::setPixmap(int column, const QPixmap &pixmap)
     // The row cannot tell that two pixmaps are one, and would call for a repaint.
     if (data(column, Qt::DecorationRole).value<QPixmap>().cacheKey() != pixmap.cacheKey())
         setData(column, Qt::DecorationRole, pixmap);
+}
+
+QVariant KWGuestListViewItem::data(int column, int role) const
+{
+    if (role != Qt::AccessibleTextRole)
+        return KWShadedListViewItem::data(column, role);
+    const auto mark = [this, column](bool set) {
+        return set ? treeWidget()->headerItem()->text(column) : QString();
+    };
+    switch (column) {
+    case Picture:
+        return genderAndAge(*m_guest);
+    case Locked:
+        return mark(m_guest->isLocked());
+    case Vip:
+        return mark(m_guest->isVip());
+    case Accepted:
+        return mark(m_guest->isAccepted());
+    default:
+        return text(column);
+    }
 }
 
 QString KWGuestListViewItem::key(int column) const

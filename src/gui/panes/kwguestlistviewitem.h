@@ -33,6 +33,8 @@ public:
     virtual void update();
 
     QString key(int column) const override;
+    /// Says for the ears what the pictures show.
+    QVariant data(int column, int role) const override;
     /// Who has no seat yet stands out in bold.
     void prepareToPaint(QStyleOptionViewItem &option) override;
     void contextMenu() override;

@@ -8,9 +8,12 @@
 #include "kwmainwindow.h"
 #include "kwmessages.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScrollBar>
+
+#include <array>
 
 using Row = KWGuestListViewItem;
 
@@ -169,9 +172,6 @@ void KWGuestsListView::updateOnRefresh()
     endUpdateBlock();
     refreshContents();
     setNeedsRefresh(false);
-    KWMainWindow *window = mainWin();
-    if (window && window->activeView() == this)
-        window->updateActionsOnViewChange();
 }
 
 void KWGuestsListView::showEvent(QShowEvent *event)
@@ -201,13 +201,15 @@ void KWGuestsListView::renameInPlace(QTreeWidgetItem *item, int, const QString &
                           row->text(Row::FirstName), row->text(Row::LastName), row->text(Row::Meal),
                           guest->gender(), guest->age(), guest->isLocked(), guest->notes(),
                           guest->isVip(), guest->isAccepted());
+    // It may have got another place in the order.
+    scrollToRow(item);
 }
 
 void KWGuestsListView::clickedOnItem(QTreeWidgetItem *item, int column)
 {
     const Row *row = guestRow(item);
     KWMainWindow *window = mainWin();
-    if (!row || !window)
+    if (!row || !window || m_doubleClicking)
         return;
     const KWBusy busy;
     KWGuest *guest = row->guest();
@@ -241,11 +243,12 @@ void KWGuestsListView::edit(QTreeWidgetItem *item)
 void KWGuestsListView::mouseMoveEvent(QMouseEvent *event)
 {
     // A left press means a drag, so the base must not take the move for a selection.
-    if (!m_dragArmed || !(event->buttons() & Qt::LeftButton)) {
+    if (!(event->buttons() & Qt::LeftButton)) {
         m_dragArmed = false;
         KWListView::mouseMoveEvent(event);
-        return;
     }
+    if (!m_dragArmed)
+        return;
     const QPoint way = event->position().toPoint() - m_pressPos;
     if (way.manhattanLength() > QApplication::startDragDistance())
         dragSelectedGuests();
@@ -270,19 +273,20 @@ void KWGuestsListView::find(const QString &text)
 {
     if (text.isEmpty() || !KWFindPattern(text).isValid())
         return;
-    Row *row = rowWith(KWFindPattern(u'^' + text));
+    // Many matches that stay just below their limit are too many.
+    const QDeadlineTimer deadline(30);
+    Row *row = rowWith(KWFindPattern(u'^' + text), deadline);
     if (!row)
-        row = rowWith(KWFindPattern(text));
+        row = rowWith(KWFindPattern(text), deadline);
     if (!row)
         return;
     selectRow(row);
     setThisViewActive();
 }
 
-KWGuestListViewItem *KWGuestsListView::rowWith(const KWFindPattern &pattern)
+KWGuestListViewItem *KWGuestsListView::rowWith(const KWFindPattern &pattern,
+                                               const QDeadlineTimer &deadline)
 {
-    // Many matches that stay just below their limit are too many.
-    const QDeadlineTimer deadline(200);
     for (QTreeWidgetItemIterator it(this); *it && !deadline.hasExpired(); ++it) {
         Row *row = guestRow(*it);
         for (int column = Row::LastName; row && column >= Row::Picture; --column) {
@@ -297,6 +301,14 @@ void KWGuestsListView::selectRow(QTreeWidgetItem *row)
 {
     const int left = horizontalScrollBar()->value();
     setCurrentItem(row, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    horizontalScrollBar()->setValue(left);
+    scrollToRow(row);
+}
+
+// Up and down only.
+void KWGuestsListView::scrollToRow(QTreeWidgetItem *row)
+{
+    const int left = horizontalScrollBar()->value();
     scrollToItem(row);
     horizontalScrollBar()->setValue(left);
 }

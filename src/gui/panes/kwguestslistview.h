@@ -2,6 +2,8 @@
 
 #include "kwlistview.h"
 
+#include <QDeadlineTimer>
+
 class KWFindPattern;
 class KWGuest;
 class KWGuestListViewItem;
@@ -73,7 +75,8 @@ private:
     QList<KWGuest *> selectedGuests() const;
     /// Whether all selected rows are of guests, and there is one.
     bool onlyGuestsSelected() const;
-    KWGuestListViewItem *rowWith(const KWFindPattern &pattern);
+    KWGuestListViewItem *rowWith(const KWFindPattern &pattern, const QDeadlineTimer &deadline);
     void selectRow(QTreeWidgetItem *row);
+    void scrollToRow(QTreeWidgetItem *row);
     void dragSelectedGuests();
 };

@@ -6,6 +6,9 @@
 #include "kwguestlistviewitem.h"
 #include "kwmainwindow.h"
 #include "kwmessages.h"
+#include "kwprogress.h"
+
+#include <algorithm>
 
 QList<KWGuest *> KWGuestsListView::selectedGuests() const
 {
@@ -52,12 +55,17 @@ void KWGuestsListView::unassign()
 
 void KWGuestsListView::setAffinity(int value)
 {
+    // So many that the user waits for the square of them.
+    constexpr int many = 200;
     const QList<KWGuest *> guests = selectedGuests();
-    for (KWGuest *a : guests) {
-        for (KWGuest *b : guests) {
-            if (a != b)
-                document()->setAffinity(a, b, value, false);
+    const int count = static_cast<int>(guests.size());
+    for (int i = 0; i < count; ++i) {
+        for (KWGuest *other : guests) {
+            if (other != guests[i])
+                document()->setAffinity(guests[i], other, value, false);
         }
+        if (count > many)
+            setProgress(i + 1, count);
     }
     document()->recalculateScores();
 }

@@ -15,7 +15,7 @@ namespace {
 QLocale localeOfNames()
 {
     // Without one, letters would go by their numbers, and É behind z.
-    const QLocale locale;
+    const QLocale locale = QLocale().collation();
     return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
 }
 } // namespace
@@ -36,6 +36,7 @@ KWListView::KWListView(KWDocument *document, QWidget *parent, const QString &nam
     connect(header(), &QHeaderView::sectionResized, this, &KWListView::columnResized);
     connect(this, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem *item) { edit(item); });
+    connect(this, &QTreeWidget::itemSelectionChanged, this, &KWListView::updateCommands);
     connectStripes();
 }
 
@@ -55,6 +56,13 @@ void KWListView::setThisViewActive()
 {
     if (KWMainWindow *window = mainWin())
         window->setActiveView(this);
+}
+
+void KWListView::updateCommands()
+{
+    KWMainWindow *window = mainWin();
+    if (window && window->activeView() == this)
+        window->updateActionsOnViewChange();
 }
 
 void KWListView::showSelectedContextMenu()
@@ -130,12 +138,18 @@ void KWListView::mouseReleaseEvent(QMouseEvent *event)
 {
     QTreeWidget::mouseReleaseEvent(event);
     m_dragArmed = false;
+    m_doubleClicking = false;
 }
 
 void KWListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    if (event->button() != Qt::LeftButton) {
+        mousePressEvent(event);
+        return;
+    }
     cancelPendingEdit();
     m_dragArmed = false;
+    m_doubleClicking = true;
     QTreeWidget::mouseDoubleClickEvent(event);
 }
 
@@ -148,15 +162,18 @@ void KWListView::cancelPendingEdit()
 void KWListView::contextMenuEvent(QContextMenuEvent *event)
 {
     // The mouse opens it at the press.
-    if (event->reason() == QContextMenuEvent::Keyboard)
-        showSelectedContextMenu();
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return;
+    setThisViewActive();
+    showSelectedContextMenu();
 }
 
 void KWListView::keyReleaseEvent(QKeyEvent *event)
 {
     QWidget::keyReleaseEvent(event);
     const bool moves = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
-    if (moves || (event->modifiers() & Qt::ControlModifier))
+    // The release of Ctrl itself comes without it among the modifiers.
+    if (moves || event->key() == Qt::Key_Control || (event->modifiers() & Qt::ControlModifier))
         setThisViewActive();
 }
 
@@ -187,7 +204,13 @@ void KWListView::changeEvent(QEvent *event)
 {
     QTreeWidget::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
-        m_collator = QCollator(localeOfNames());
+        sortAnew();
+}
+
+void KWListView::sortAnew()
+{
+    m_collator = QCollator(localeOfNames());
+    sortByColumn(sortColumn(), header()->sortIndicatorOrder());
 }
 
 bool KWListView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)

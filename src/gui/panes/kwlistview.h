@@ -60,6 +60,8 @@ protected:
 
     /// From a left press to its release or to the start of a drag.
     bool m_dragArmed = false;
+    /// The second press of a double click is no click of its own.
+    bool m_doubleClicking = false;
     /// Where the left press was, in the viewport.
     QPoint m_pressPos;
 
@@ -67,6 +69,8 @@ private:
     void connectStripes();
     void cancelPendingEdit();
     void restripe();
+    void updateCommands();
+    void sortAnew();
     void columnResized(int column, int oldWidth, int width);
     void fitLastColumn();
 

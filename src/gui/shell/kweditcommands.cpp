@@ -133,6 +133,7 @@ void KWEditCommands::editUnassignSeat()
     const KWBusy busy;
     saveUndoState(tr("Unassign"));
     active->unassign();
+    m_window->updateActionsOnViewChange();
 }
 
 void KWEditCommands::editRotateTable()
@@ -152,6 +153,7 @@ void KWEditCommands::editToggleLock(bool on)
     const KWBusy busy;
     saveUndoState(on ? tr("Lock") : tr("Unlock"));
     active->setLocked(on);
+    m_window->updateActionsOnViewChange();
 }
 
 void KWEditCommands::editToggleHasAccepted(bool on)
@@ -162,6 +164,7 @@ void KWEditCommands::editToggleHasAccepted(bool on)
     const KWBusy busy;
     saveUndoState(on ? tr("Set accepted") : tr("Set not accepted"));
     active->setAccepted(on);
+    m_window->updateActionsOnViewChange();
 }
 
 void KWEditCommands::setAffinity(int value)

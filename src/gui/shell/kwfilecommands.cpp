@@ -103,6 +103,7 @@ void KWFileCommands::fileNew()
     }
     const KWBusy busy;
     m_window->document()->clear();
+    m_panes->setViewSettings({});
     m_window->setActiveView(nullptr);
     updateMostRecentAction();
 }

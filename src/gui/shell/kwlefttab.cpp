@@ -2,6 +2,8 @@
 
 #include "kwpixmaps.h"
 
+#include <QEvent>
+
 KWLeftTab::KWLeftTab(QWidget *parent, KWDocument *document)
     : KWCloseableTabWidget(parent, QStringLiteral("KWLeftTab"))
     , m_guestsPage(new GuestsPage(this, document, false))
@@ -13,4 +15,11 @@ KWLeftTab::KWLeftTab(QWidget *parent, KWDocument *document)
 KWGuestsListView *KWLeftTab::currentList() const
 {
     return dynamic_cast<KWGuestsListView *>(currentView());
+}
+
+void KWLeftTab::changeEvent(QEvent *event)
+{
+    KWCloseableTabWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        setTabText(indexOf(m_guestsPage), tr("Guests"));
 }

@@ -21,6 +21,9 @@ public:
     /// The list on the current page, or null.
     KWGuestsListView *currentList() const;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     GuestsPage *m_guestsPage;
 };

@@ -236,11 +236,13 @@ QAction *KWMainWinImpl::editAction(EditAction action)
 void KWMainWinImpl::editGuest(KWGuest *guest)
 {
     KWGuestDlgImpl(this, &m_document, guest).exec();
+    updateActionsOnViewChange();
 }
 
 void KWMainWinImpl::editGroup(KWGroup *group)
 {
     KWGuestDlgImpl(this, &m_document, group).exec();
+    updateActionsOnViewChange();
 }
 
 void KWMainWinImpl::showStatusMessage(const QString &text)

@@ -136,6 +136,25 @@ private slots:
         QCOMPARE(shown.plan.affinity(shown.guest("C"), shown.guest("D")), 2);
     }
 
+    void aProximityOfVeryManyShowsHowFarItHasCome()
+    {
+        ShownList shown;
+        addGuests(shown.plan, 201);
+        shown.list.selectAll();
+        shown.list.setAffinity(1);
+        QCOMPARE(shown.plan.affinityCount(), 201 * 200 / 2);
+        QCOMPARE(shown.window.progress.size(), 201);
+        QCOMPARE(shown.window.progress.last(), 100);
+    }
+
+    void aProximityOfAFewShowsNoProgress()
+    {
+        FourGuests shown;
+        shown.list.selectAll();
+        shown.list.setAffinity(1);
+        QCOMPARE(shown.window.progress, QList<int>());
+    }
+
     void lockAndAcceptGoToEverySelectedGuest()
     {
         FourGuests shown;

@@ -191,6 +191,36 @@ private slots:
         QCOMPARE(shown.names(), s("Olga zoe Öznur"));
     }
 
+    void aNewLocaleSortsTheListAnew()
+    {
+        ShownList shown;
+        for (const char *name : {"zoe", "Öznur", "Olga"})
+            addNamed(shown.plan, name);
+        shown.list.sortByColumn(Row::DisplayName, Qt::DescendingOrder);
+        QCOMPARE(shown.names(), s("zoe Öznur Olga"));
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::Swedish));
+        QEvent change(QEvent::LocaleChange);
+        QCoreApplication::sendEvent(&shown.list, &change);
+        QLocale::setDefault(before);
+        QCOMPARE(shown.names(), s("Öznur zoe Olga"));
+    }
+
+    void thePicturesAreSaidToThoseWhoCannotSeeThem()
+    {
+        ShownList shown;
+        KWGuest *ann = addGuest(shown.plan, {"Ann", KWGuest::Female, true, true, KWGuest::Child});
+        shown.plan.setGuestAccepted(ann, true);
+        const auto said = [&shown](int column) {
+            return topRow(shown)->data(column, Qt::AccessibleTextRole).toString();
+        };
+        QCOMPARE(said(Row::Picture), s("Female Child"));
+        QCOMPARE(said(Row::DisplayName), s("Ann"));
+        QCOMPARE(said(Row::Locked) + said(Row::Vip) + said(Row::Accepted), s("LockedVIPAccepted"));
+        shown.plan.setGuestVip(ann, false);
+        QCOMPARE(said(Row::Vip), s(""));
+    }
+
     void notesOfThirtyCharactersAreShownWholeAndOneMoreIsCut()
     {
         ShownList shown;

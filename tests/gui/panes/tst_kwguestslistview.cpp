@@ -253,6 +253,26 @@ private slots:
         QVERIFY(!shown.guest("A")->isLocked() && shown.guest("C")->isLocked());
     }
 
+    void aDoubleClickOnAMarkChangesItOnceAndNobodyElses()
+    {
+        ShownList shown({s("A"), s("B"), s("C")});
+        shown.list.sortByColumn(Row::Locked, Qt::AscendingOrder);
+        const QPoint place = shown.middleOf("C", Row::Locked);
+        shown.press(Qt::LeftButton, place);
+        shown.release(Qt::LeftButton, place);
+        QVERIFY(shown.guest("C")->isLocked());
+        // The row has moved to the top: another one is under the second press.
+        QCOMPARE(shown.names(), s("C A B"));
+        QTest::mouseEvent(QTest::MouseDClick, shown.list.viewport(), Qt::LeftButton, {}, place);
+        shown.release(Qt::LeftButton, place);
+        QVERIFY(!shown.guest("A")->isLocked() && !shown.guest("B")->isLocked());
+        QVERIFY(shown.guest("C")->isLocked());
+        QCOMPARE(shown.window.undoLabels, QStringList{s("Lock")});
+        // The next click counts again.
+        shown.click("A", Row::Locked);
+        QVERIFY(shown.guest("A")->isLocked());
+    }
+
     void theCommandsFollowAClickOnAMark()
     {
         ShownList shown({s("A")});
@@ -328,6 +348,19 @@ private slots:
         QCOMPARE(shown.window.undoLabels, QStringList());
     }
 
+    void aRowThatMovesByItsNewNameStaysInSight()
+    {
+        ShownList shown;
+        addGuests(shown.plan, 200);
+        shown.list.sortByColumn(Row::DisplayName, Qt::AscendingOrder);
+        shown.row("G0")->setText(Row::DisplayName, s("zzz"));
+        shown.list.renameInPlace(shown.list.itemOfGuest(shown.plan.guestAt(0)), Row::DisplayName,
+                                 s("zzz"));
+        QCOMPARE(shown.list.indexOfTopLevelItem(shown.row("zzz")), 199);
+        const QRect row = shown.list.visualItemRect(shown.row("zzz"));
+        QVERIFY(shown.list.viewport()->rect().contains(row.center().x(), row.center().y()));
+    }
+
     void theDialogOpensForAGuestsRowOnly()
     {
         ShownList shown({s("A")});
@@ -369,6 +402,7 @@ private slots:
         shown.moveTo(start + QPoint(40, 0));
         shown.moveTo(start + QPoint(60, 0));
         QCOMPARE(shown.list.drags, QStringList());
+        QCOMPARE(shown.selected(), s("A B C D E"));
         QCOMPARE(shown.prompts.messages.size(), 1);
         const KWMessage &message = shown.prompts.messages[0];
         QCOMPARE(message.icon, KWMessage::Critical);

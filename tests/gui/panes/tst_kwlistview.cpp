@@ -201,6 +201,7 @@ private slots:
             QTest::addRow("%s", qPrintable(QKeySequence(key).toString())) << key << none << true;
         QTest::newRow("ctrl+a") << int(Qt::Key_A) << Qt::KeyboardModifiers(Qt::ControlModifier)
                                 << true;
+        QTest::newRow("ctrl") << int(Qt::Key_Control) << none << true;
         QTest::newRow("shift") << int(Qt::Key_Shift) << none << false;
         QTest::newRow("escape") << int(Qt::Key_Escape) << none << false;
     }
@@ -252,6 +253,18 @@ private slots:
         const QStringList entries =
             menuThatOpens([&] { QCoreApplication::sendEvent(&shown.list, &key); });
         QCOMPARE(entries.value(0), s("properties"));
+        QCOMPARE(shown.window.currentView, &shown.list);
+    }
+
+    void aQuickSecondPressOfTheRightButtonOpensTheMenuAgain()
+    {
+        ShownList shown({s("A")});
+        shown.window.editAction(KWMainWindow::EditProperties)->setText(s("properties"));
+        const QPoint place = shown.middleOf("A", Row::DisplayName);
+        const QStringList entries = menuThatOpens(
+            [&] { QTest::mouseDClick(shown.list.viewport(), Qt::RightButton, {}, place); });
+        QVERIFY(!entries.isEmpty());
+        QCOMPARE(shown.window.edited, QStringList());
     }
 
     void aLeftPressOpensNoMenu()
@@ -267,6 +280,18 @@ private slots:
         QVERIFY(!shown.list.itemAt(below));
         QCOMPARE(menuThatOpens([&] { shown.press(Qt::RightButton, below); }), QStringList());
         QCOMPARE(shown.window.currentView, &shown.list);
+    }
+
+    void theCommandsFollowTheSelectionOfTheActiveListOnly()
+    {
+        ShownList shown({s("A"), s("B")});
+        shown.select({"A"});
+        QCOMPARE(shown.window.viewUpdates, 0);
+        shown.window.currentView = &shown.list;
+        shown.row("B")->setSelected(true);
+        QCOMPARE(shown.window.viewUpdates, 1);
+        shown.plan.clear();
+        QCOMPARE(shown.window.viewUpdates, 2);
     }
 
     void theSelectedRowsCountFromTheTop()

@@ -1,3 +1,4 @@
+#include "dialogtest.h"
 #include "fakeview.h"
 #include "kwfilecommands.h"
 #include "kwguestdlgimpl.h"
@@ -101,6 +102,72 @@ private slots:
         QCOMPARE(enabledCommands(open), s("Delete Properties UnassignSeat Lock Accepted"));
         open.select({0, 2});
         QCOMPARE(enabledCommands(open), s("Delete Lock Accepted Proximity"));
+    }
+
+    void aClickIntoTheSelectionLeavesTheCommandsOfOneGuest()
+    {
+        GuestsWindow open;
+        open.select({0, 2});
+        open.select({0});
+        QCOMPARE(enabledCommands(open), s("Delete Properties UnassignSeat Lock Accepted"));
+    }
+
+    void theCommandsFollowWhatTheyDo()
+    {
+        GuestsWindow open;
+        open.select({0});
+        open.run("m_editLockAction");
+        QCOMPARE(enabledCommands(open), s("Delete Properties Lock Accepted"));
+        open.run("m_editLockAction");
+        QCOMPARE(enabledCommands(open), s("Delete Properties UnassignSeat Lock Accepted"));
+        open.run("m_editUnassignSeatAction");
+        QCOMPARE(enabledCommands(open), s("Delete Properties Lock Accepted"));
+    }
+
+    void theCommandsFollowTheDialog()
+    {
+        GuestsWindow open;
+        open.select({0});
+        ModalUser user;
+        user.onDialog<KWGuestDlgImpl>([](KWGuestDlgImpl &dialog) {
+            dialog.findChild<QLineEdit *>(s("m_lastNameLineEdit"))->setText(s("Lee"));
+            dialog.findChild<QCheckBox *>(s("m_lockedCheckBox"))->click();
+            dialog.accept();
+        });
+        open.run("m_editPropertiesAction");
+        QVERIFY(open.action("m_editLockAction")->isChecked());
+        QCOMPARE(enabledCommands(open), s("Delete Properties Lock Accepted"));
+    }
+
+    void aPlanThatCannotBeOpenedLeavesNothingToCommand()
+    {
+        const PlanFolder folder;
+        QFile broken(folder.path(s("broken.kw")));
+        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no plan") > 0);
+        broken.close();
+        GuestsWindow open;
+        open.select({0});
+        open.prompts.answer(s("&OK"));
+        open.window.fileCommands()->openPlan(broken.fileName());
+        QCOMPARE(open.names(), QString());
+        QCOMPARE(enabledCommands(open), QString());
+    }
+
+    void aNewPlanShowsAllColumns()
+    {
+        GuestsWindow open;
+        open.filter().findChild<QCheckBox *>(s("m_mealCheckBox"))->click();
+        open.plan().setModified(false);
+        open.run("m_fileNewAction");
+        QVERIFY(open.list().columnWidth(KWGuestListViewItem::Meal) > 0);
+        QVERIFY(!open.plan().isModified());
+    }
+
+    void theTabFollowsANewLanguage()
+    {
+        GuestsWindow open;
+        const BracketTranslator brackets;
+        QTRY_COMPARE(open.window.panes()->leftTab()->tabText(0), s("[Guests]"));
     }
 
     void lockAndUnlockReachTheSelectedGuests()

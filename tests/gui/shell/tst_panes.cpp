@@ -1,3 +1,4 @@
+#include "dialogtest.h"
 #include "fakeview.h"
 #include "kwbottomtab.h"
 #include "kwlefttab.h"
@@ -177,6 +178,15 @@ private slots:
         open.window.setActiveView(view);
         open.window.setActiveView(nullptr);
         QVERIFY(!icon->isVisible());
+    }
+
+    void theCloseButtonFollowsANewLanguage()
+    {
+        OpenWindow open;
+        const auto *button = open.window.panes()->topTab()->findChild<QToolButton *>();
+        const BracketTranslator brackets;
+        QTRY_COMPARE(button->accessibleName(), s("[Hide pane]"));
+        QVERIFY(button->whatsThis().startsWith(s("[<b>Hide pane</b>")));
     }
 
     void anotherTabMakesItsViewActive()
