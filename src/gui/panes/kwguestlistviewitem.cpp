@@ -1,6 +1,7 @@
 #include "kwguestlistviewitem.h"
 
 #include "kwdocument.h"
+#include "kwlistview.h"
 #include "kwmainwindow.h"
 #include "kwpixmaps.h"
 
@@ -148,5 +149,6 @@ void KWGuestListViewItem::contextMenu()
         menu.addAction(window->editAction(action));
     menu.addSeparator();
     menu.addAction(window->editAction(Window::Delete));
-    menu.exec(QCursor::pos());
+    const auto *list = dynamic_cast<const KWListView *>(treeWidget());
+    menu.exec(list ? list->menuPosition() : QCursor::pos());
 }

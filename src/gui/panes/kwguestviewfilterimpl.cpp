@@ -9,6 +9,16 @@
 
 using Row = KWGuestListViewItem;
 
+namespace {
+
+/// Keys of the Edit menu that line edits of this platform take for ways to move and to delete.
+bool isCommand(const QKeyEvent &key)
+{
+    return key.modifiers() == Qt::ControlModifier &&
+           QList<int>{Qt::Key_E, Qt::Key_K, Qt::Key_U}.contains(key.key());
+}
+} // namespace
+
 KWGuestViewFilterImpl::KWGuestViewFilterImpl(QWidget *parent, KWGuestsListView *view)
     : QWidget(parent)
     , m_ui(std::make_unique<Ui::KWGuestViewFilter>())
@@ -178,18 +188,20 @@ void KWGuestViewFilterImpl::showNotesChanged(bool on)
     changeColumn(Row::Notes, on);
 }
 
-// Whoever has found a guest goes on with a command. Line edits of this platform take some of its
-// keys for ways to move and to delete.
+// Whoever has found a guest goes on with a command, or in the list.
 bool KWGuestViewFilterImpl::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() != QEvent::ShortcutOverride)
-        return QWidget::eventFilter(object, event);
-    const auto *key = static_cast<QKeyEvent *>(event);
-    const QList<int> commands{Qt::Key_E, Qt::Key_K, Qt::Key_U};
-    if (key->modifiers() != Qt::ControlModifier || !commands.contains(key->key()))
-        return false;
-    event->ignore();
-    return true;
+    if (event->type() == QEvent::ShortcutOverride && isCommand(*static_cast<QKeyEvent *>(event))) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress &&
+        QList<int>{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}.contains(
+            static_cast<QKeyEvent *>(event)->key())) {
+        m_view->setFocus();
+        return true;
+    }
+    return QWidget::eventFilter(object, event);
 }
 
 void KWGuestViewFilterImpl::languageChange()

@@ -165,7 +165,18 @@ void KWListView::contextMenuEvent(QContextMenuEvent *event)
     if (event->reason() != QContextMenuEvent::Keyboard)
         return;
     setThisViewActive();
+    m_menuByKey = true;
     showSelectedContextMenu();
+    m_menuByKey = false;
+}
+
+QPoint KWListView::menuPosition() const
+{
+    const QList<QTreeWidgetItem *> rows = selectedRows();
+    if (!m_menuByKey || rows.isEmpty())
+        return QCursor::pos();
+    const QRect row = visualItemRect(rows.first()).intersected(viewport()->rect());
+    return viewport()->mapToGlobal(row.center());
 }
 
 void KWListView::keyReleaseEvent(QKeyEvent *event)
@@ -227,6 +238,9 @@ bool KWListView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *eve
         }
     }
     if (row && !row->isRenameEnabled(cell.column()))
+        return false;
+    // A click into several selected rows leaves the one, and means no more than that.
+    if (trigger == SelectedClicked && numSelected() != 1)
         return false;
     return QTreeWidget::edit(cell, trigger, event);
 }

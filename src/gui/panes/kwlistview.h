@@ -31,6 +31,8 @@ public:
 
     /// The selected rows from the top.
     QList<QTreeWidgetItem *> selectedRows() const;
+    /// Where a context menu belongs: at the mouse, or at the row if it was asked for by a key.
+    QPoint menuPosition() const;
     /// How the rows are sorted.
     const QCollator &collator() const { return m_collator; }
 
@@ -76,6 +78,7 @@ private:
 
     QCollator m_collator;
     bool m_stripesOutdated = true;
+    bool m_menuByKey = false;
     /// The width of the last column without what it takes to fill the list.
     int m_lastColumnWidth = 0;
     bool m_fitting = false;

@@ -3,8 +3,26 @@
 #include "kwlistview.h"
 
 #include <QFocusEvent>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace {
+
+/// The pictures are made for a light ground, which the colour of selected rows is not.
+QPixmap onLightGround(const QPixmap &picture)
+{
+    QPixmap result(picture.size());
+    result.setDevicePixelRatio(picture.devicePixelRatio());
+    result.fill(Qt::transparent);
+    QPainter painter(&result);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(QRectF(QPointF(), picture.deviceIndependentSize()), 3, 3);
+    painter.drawPixmap(0, 0, picture);
+    return result;
+}
 
 bool losesFocus(const QEvent &event)
 {
@@ -21,6 +39,15 @@ KWListViewDelegate::KWListViewDelegate(KWListView *list)
     : QStyledItemDelegate(list)
     , m_list(list)
 {
+}
+
+QSize KWListViewDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
+{
+    constexpr int margins = 4;
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    size.setHeight(std::max(option.fontMetrics.height(), option.decorationSize.height()) + margins);
+    return size;
 }
 
 void KWListViewDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
@@ -44,10 +71,9 @@ void KWListViewDelegate::initStyleOption(QStyleOptionViewItem *option,
                                          const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    // Or a selected row's pictures would take on the colour that they stand on.
     const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
-    if (!picture.isNull())
-        option->icon.addPixmap(picture, QIcon::Selected);
+    if (!picture.isNull() && (option->state & QStyle::State_Selected))
+        option->icon.addPixmap(onLightGround(picture), QIcon::Selected);
     if (m_list->headerItem()->textAlignment(index.column()) & Qt::AlignHCenter)
         option->decorationPosition = QStyleOptionViewItem::Top;
 }

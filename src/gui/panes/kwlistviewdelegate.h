@@ -14,6 +14,8 @@ class KWListViewDelegate : public QStyledItemDelegate
 public:
     explicit KWListViewDelegate(KWListView *list);
 
+    /// The same height for every row, whatever is in it.
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
 

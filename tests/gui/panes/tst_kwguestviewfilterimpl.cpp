@@ -1,5 +1,6 @@
 #include "dialogtest.h"
 #include "kwguestviewfilterimpl.h"
+#include "kwviewandfilter.h"
 #include "shownlist.h"
 
 using Row = KWGuestListViewItem;
@@ -214,6 +215,30 @@ private slots:
         shown.filter.setShownColumns({});
         QVERIFY(shown.list.columnWidth(column) > 0);
         QVERIFY(!shown.plan.isModified());
+    }
+
+    void fromTheFindBoxTheseKeysLeadIntoTheList_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("return") << int(Qt::Key_Return);
+        QTest::newRow("enter") << int(Qt::Key_Enter);
+        QTest::newRow("down") << int(Qt::Key_Down);
+    }
+
+    void fromTheFindBoxTheseKeysLeadIntoTheList()
+    {
+        KWDocument plan;
+        KWViewAndFilter<KWGuestsListView, KWGuestViewFilterImpl> pair(nullptr, &plan, false);
+        pair.show();
+        addGuest(plan, {"Ann"});
+        QVERIFY(QTest::qWaitForWindowActive(&pair));
+        auto *box = child<QLineEdit>(pair, "m_findLineEdit");
+        box->setFocus();
+        QTest::keyClicks(box, s("an"));
+        QFETCH(int, key);
+        QTest::keyClick(box, static_cast<Qt::Key>(key));
+        QVERIFY(pair.view()->hasFocus());
+        QCOMPARE(pair.view()->firstSelectedGuest(), plan.guestAt(0));
     }
 
     void aLanguageChangeBringsTheTextsAgain()

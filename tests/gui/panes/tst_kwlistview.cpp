@@ -250,8 +250,13 @@ private slots:
         shown.window.editAction(KWMainWindow::EditProperties)->setText(s("properties"));
         shown.select({"A"});
         QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {}, {});
-        const QStringList entries =
-            menuThatOpens([&] { QCoreApplication::sendEvent(&shown.list, &key); });
+        QCursor::setPos(5, 5);
+        QPoint asked;
+        const QStringList entries = menuThatOpens([&] {
+            asked = shown.list.menuPosition();
+            QCoreApplication::sendEvent(&shown.list, &key);
+        });
+        QCOMPARE(asked, QPoint(5, 5));
         QCOMPARE(entries.value(0), s("properties"));
         QCOMPARE(shown.window.currentView, &shown.list);
     }
@@ -323,6 +328,29 @@ private slots:
         shown.click("A");
         QTRY_VERIFY(editor(shown));
         QCOMPARE(editor(shown)->text(), s("A"));
+    }
+
+    void aClickIntoSeveralSelectedRowsLeavesTheOneAndOpensNoEditor()
+    {
+        ShownList shown({s("A"), s("B"), s("C")});
+        shown.list.selectAll();
+        shown.click("B");
+        QCOMPARE(shown.selected(), s("B"));
+        QVERIFY(noEditorOpens(shown));
+    }
+
+    void allRowsAreOfOneHeightWhateverIsInThem()
+    {
+        ShownList shown({s("A"), s("B")});
+        const auto height = [&shown] {
+            return shown.list.visualItemRect(shown.list.topLevelItem(0)).height();
+        };
+        const int before = height();
+        QVERIFY(before >= shown.list.iconSize().height() + 2);
+        shown.plan.setGuestLocked(shown.guest("A"), true);
+        shown.plan.setGuestVip(shown.guest("A"), true);
+        shown.plan.announceRefresh();
+        QCOMPARE(height(), before);
     }
 
     void aClickElsewhereMeanwhileOpensNone()

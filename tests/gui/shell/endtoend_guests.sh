@@ -87,8 +87,7 @@ active "Guest properties"
 picture properties
 xdotool key Escape
 gone "Guest properties"
-# On to the list, past the button that unfolds the panel.
-xdotool key Tab Tab F2 ctrl+a
+xdotool key Return F2 ctrl+a
 xdotool type -- "Best man"
 picture rename
 xdotool key Return
