@@ -33,23 +33,24 @@ KWListView::KWListView(KWDocument *document, QWidget *parent, const QString &nam
     header()->setStretchLastSection(false);
     // A column can be dragged down to nothing.
     header()->setMinimumSectionSize(0);
-    connect(header(), &QHeaderView::sectionResized, this, &KWListView::columnResized);
+    connect(header(), &QHeaderView::sectionResized, &m_follower,
+            [this](int column, int, int width) { columnResized(column, width); });
     connect(this, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem *item) { edit(item); });
-    connect(this, &QTreeWidget::itemSelectionChanged, this, &KWListView::updateCommands);
+    connect(this, &QTreeWidget::itemSelectionChanged, &m_follower, [this] { updateCommands(); });
     connectStripes();
 }
 
 void KWListView::connectStripes()
 {
     const auto outdate = [this] { m_stripesOutdated = true; };
-    connect(model(), &QAbstractItemModel::rowsInserted, this, outdate);
-    connect(model(), &QAbstractItemModel::rowsRemoved, this, outdate);
-    connect(model(), &QAbstractItemModel::rowsMoved, this, outdate);
-    connect(model(), &QAbstractItemModel::layoutChanged, this, outdate);
-    connect(model(), &QAbstractItemModel::modelReset, this, outdate);
-    connect(this, &QTreeView::expanded, this, outdate);
-    connect(this, &QTreeView::collapsed, this, outdate);
+    connect(model(), &QAbstractItemModel::rowsInserted, &m_follower, outdate);
+    connect(model(), &QAbstractItemModel::rowsRemoved, &m_follower, outdate);
+    connect(model(), &QAbstractItemModel::rowsMoved, &m_follower, outdate);
+    connect(model(), &QAbstractItemModel::layoutChanged, &m_follower, outdate);
+    connect(model(), &QAbstractItemModel::modelReset, &m_follower, outdate);
+    connect(this, &QTreeView::expanded, &m_follower, outdate);
+    connect(this, &QTreeView::collapsed, &m_follower, outdate);
 }
 
 void KWListView::setThisViewActive()
@@ -255,7 +256,7 @@ void KWListView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,
     QTreeWidget::drawRow(painter, row, index);
 }
 
-void KWListView::columnResized(int column, int, int width)
+void KWListView::columnResized(int column, int width)
 {
     if (m_fitting)
         return;

@@ -73,7 +73,7 @@ private:
     void restripe();
     void updateCommands();
     void sortAnew();
-    void columnResized(int column, int oldWidth, int width);
+    void columnResized(int column, int width);
     void fitLastColumn();
 
     QCollator m_collator;
@@ -82,4 +82,6 @@ private:
     /// The width of the last column without what it takes to fill the list.
     int m_lastColumnWidth = 0;
     bool m_fitting = false;
+    /// Ends what follows the base's parts before those go, which they announce.
+    QObject m_follower;
 };
