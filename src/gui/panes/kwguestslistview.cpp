@@ -274,7 +274,7 @@ void KWGuestsListView::find(const QString &text)
     if (text.isEmpty() || !KWFindPattern(text).isValid())
         return;
     // Many matches that stay just below their limit are too many.
-    const QDeadlineTimer deadline(30);
+    const QDeadlineTimer deadline(25);
     Row *row = rowWith(KWFindPattern(u'^' + text), deadline);
     if (!row)
         row = rowWith(KWFindPattern(text), deadline);
