@@ -6,6 +6,8 @@
 #include "kwusersettings.h"
 #include "ui_kwguestwidget.h"
 
+#include <QFocusEvent>
+
 namespace {
 
 bool capitaliseNames()
@@ -97,7 +99,7 @@ void KWGuestWidgetImpl::connectFields()
     connect(ui.m_titleCombo, &KWPickComboBox::picked, this, untidy);
     connect(ui.m_titleCombo, &QComboBox::activated, this, untidy);
 
-    const auto goOn = [this](KWPickComboBox *from, QWidget *to) {
+    const auto goOn = [](KWPickComboBox *from, QWidget *to) {
         connect(from, &KWPickComboBox::picked, to, qOverload<>(&QWidget::setFocus));
     };
     goOn(ui.m_titleCombo, ui.m_firstNameLineEdit);

@@ -5,6 +5,7 @@
 #include "kwmainwindow.h"
 #include "kwpixmaps.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 
 namespace {

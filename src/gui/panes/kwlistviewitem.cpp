@@ -11,7 +11,8 @@ constexpr QColor stripe(224, 224, 255);
 /// Relative luminance, 0 for black to 1 for white.
 double luminance(const QColor &colour)
 {
-    const auto linear = [](double part) {
+    const auto linear = [](float channel) {
+        const auto part = static_cast<double>(channel);
         return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
