@@ -1,0 +1,18 @@
+#include "kwspinbox.h"
+
+#include <QWheelEvent>
+
+KWSpinBox::KWSpinBox(QWidget *parent)
+    : QSpinBox(parent)
+{
+    // Nor does the wheel bring the focus.
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void KWSpinBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
