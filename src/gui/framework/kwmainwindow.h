@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 
 class KWDocument;
 class KWGroup;
 class KWGuest;
+class KWTable;
 class KWUserSettings;
 class KWView;
 class QAction;
@@ -61,9 +63,18 @@ public:
     };
     virtual QAction *editAction(EditAction action) = 0;
 
-    /// Opens the dialog of a guest or a group and returns when it is closed.
+    /// Opens the dialog of a guest, a group or a table and returns when it is closed.
     virtual void editGuest(KWGuest *guest) = 0;
     virtual void editGroup(KWGroup *group) = 0;
+    virtual void editTable(KWTable *table) = 0;
+
+    /// The middle of what the floor plan shows, in canvas units.
+    virtual QPoint floorPlanCentre() = 0;
+    /// Moves a table that has just been made to a free place near where it stands.
+    virtual void placeNewTable(KWTable *table) = 0;
+    /// Shows the last of the tables that have just been made on the floor plan, which takes the
+    /// focus.
+    virtual void showNewTable(KWTable *table) = 0;
 
     /// Shows a short text on the status bar for two seconds.
     virtual void showStatusMessage(const QString &text) = 0;

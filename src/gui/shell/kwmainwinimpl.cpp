@@ -17,6 +17,7 @@
 #include "kwprogress.h"
 #include "kwsplashscreen.h"
 #include "kwstatusbar.h"
+#include "kwtabledlgimpl.h"
 #include "kwtooltips.h"
 #include "kwtoptab.h"
 #include "kwusersettings.h"
@@ -243,6 +244,23 @@ void KWMainWinImpl::editGroup(KWGroup *group)
 {
     KWGuestDlgImpl(this, &m_document, group).exec();
     updateActionsOnViewChange();
+}
+
+void KWMainWinImpl::editTable(KWTable *table)
+{
+    KWTableDlgImpl(this, &m_document, table).exec();
+    updateActionsOnViewChange();
+}
+
+/// The centre of the room, as long as there is no floor plan to look at it.
+QPoint KWMainWinImpl::floorPlanCentre()
+{
+    constexpr double chair = 100;
+    // A file may name any room and any chair.
+    constexpr double farAway = 1e6;
+    const double scale = chair / m_document.chairSize();
+    return {qRound(qBound(0.0, m_document.roomXSize() * scale / 2, farAway)),
+            qRound(qBound(0.0, m_document.roomYSize() * scale / 2, farAway))};
 }
 
 void KWMainWinImpl::showStatusMessage(const QString &text)

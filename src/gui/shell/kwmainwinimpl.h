@@ -53,6 +53,11 @@ public:
     QAction *editAction(EditAction action) override;
     void editGuest(KWGuest *guest) override;
     void editGroup(KWGroup *group) override;
+    void editTable(KWTable *table) override;
+    QPoint floorPlanCentre() override;
+    // Without a floor plan there is nothing to do for new tables.
+    void placeNewTable(KWTable *) override {}
+    void showNewTable(KWTable *) override {}
     void showStatusMessage(const QString &text) override;
     void setProgress(int percent) override;
 

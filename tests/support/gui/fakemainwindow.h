@@ -25,8 +25,12 @@ public:
     int printUpdates = 0;
     int copyUpdates = 0;
     KWView *currentView = nullptr;
-    /// "guest Ann", "group Smith": whose dialogs were opened.
+    /// "guest Ann", "group Smith", "table Top": whose dialogs were opened.
     QStringList edited;
+    /// Where the floor plan looks.
+    QPoint centre{1000, 800};
+    /// "place Top", "show Top": what the floor plan was asked to do with new tables.
+    QStringList newTables;
 
     QWidget *widget() override { return &m_widget; }
     KWDocument *document() override { return &m_document; }
@@ -57,6 +61,19 @@ public:
     void editGroup(KWGroup *group) override
     {
         edited.append(QStringLiteral("group ") + group->name());
+    }
+    void editTable(KWTable *table) override
+    {
+        edited.append(QStringLiteral("table ") + table->name());
+    }
+    QPoint floorPlanCentre() override { return centre; }
+    void placeNewTable(KWTable *table) override
+    {
+        newTables.append(QStringLiteral("place ") + table->name());
+    }
+    void showNewTable(KWTable *table) override
+    {
+        newTables.append(QStringLiteral("show ") + table->name());
     }
 
     void showStatusMessage(const QString &text) override { statusMessages.append(text); }
