@@ -10,6 +10,7 @@
 #include "kwinfodlgimpl.h"
 #include "kwpreferencesdlgimpl.h"
 #include "kwrecentlyopeneddlgimpl.h"
+#include "kwtabledlgimpl.h"
 #include "testplan.h"
 
 using namespace DialogChecks;
@@ -89,6 +90,23 @@ Dialog editGroup(FakeMainWindow &window)
     return std::make_unique<KWGuestDlgImpl>(nullptr, &plan, bride(plan)->group());
 }
 
+Dialog insertTables(FakeMainWindow &window)
+{
+    KWDocument &plan = *window.document();
+    bride(plan);
+    auto dialog = std::make_unique<KWTableDlgImpl>(nullptr, &plan, KWTable::Circular);
+    child<QSpinBox>(*dialog, "m_numTablesSpinBox")->setValue(12);
+    return dialog;
+}
+
+Dialog editCustomTable(FakeMainWindow &window)
+{
+    KWDocument &plan = *window.document();
+    KWTable *table = plan.addTable(KWTable::Custom, s("Table by the window"), 12, 25, 10, 0, {},
+                                   s("Near the band."));
+    return std::make_unique<KWTableDlgImpl>(nullptr, &plan, table);
+}
+
 const QList<DialogRow> &dialogs()
 {
     static const QList<DialogRow> all{
@@ -124,6 +142,8 @@ const QList<DialogRow> &dialogs()
          {s("Alt+N: m_notesLabel, qt_tabwidget_tabbar"),
           s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
         {"edit group", editGroup, {s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
+        {"insert circular tables", insertTables},
+        {"edit custom table", editCustomTable},
     };
     return all;
 }

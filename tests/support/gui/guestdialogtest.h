@@ -1,9 +1,8 @@
 #pragma once
 
-#include "eventlog.h"
-#include "fakemainwindow.h"
 #include "guestform.h"
 #include "kwguestdlgimpl.h"
+#include "loggingwindow.h"
 
 /// The dialog for guests and groups with the parts that tests work with.
 struct GuestDialog : KWGuestDlgImpl
@@ -20,34 +19,6 @@ struct GuestDialog : KWGuestDlgImpl
     {
         QTest::mouseClick(child<QPushButton>(*this, button), Qt::LeftButton);
     }
-};
-
-/// Writes down the plan's events and the undo points in one list, as "undo Insert guest".
-class LoggingWindow : public FakeMainWindow
-{
-public:
-    void saveUndoState(const QString &label) override
-    {
-        FakeMainWindow::saveUndoState(label);
-        m_steps += m_log.take();
-        m_steps += s("undo ") + label;
-        m_wasBusy = QApplication::overrideCursor() != nullptr;
-    }
-
-    /// The steps since the last call.
-    QStringList takeSteps()
-    {
-        const QStringList steps = m_steps + m_log.take();
-        m_steps.clear();
-        return steps;
-    }
-    /// Whether the busy cursor was up at the last undo point.
-    bool wasBusy() const { return m_wasBusy; }
-
-private:
-    EventLog m_log{*document()};
-    QStringList m_steps;
-    bool m_wasBusy = false;
 };
 
 /// All texts and values of a guest, for comparing at a glance.
