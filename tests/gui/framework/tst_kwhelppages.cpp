@@ -74,8 +74,8 @@ const QSet<QString> &programTexts()
         u"Web pages"_s, u"About..."_s,
         // entries that name what they work on
         u"Undo Edit Information"_s, u"Redo Edit Information"_s, u"Undo Insert guest"_s,
-        u"Undo Edit guest"_s, u"Undo Edit group"_s, u"Print Floor plan..."_s,
-        u"Print Table chart..."_s, u"Print Guest chart..."_s,
+        u"Undo Edit guest"_s, u"Undo Edit group"_s, u"Undo New table(s)"_s, u"Undo Edit table"_s,
+        u"Print Floor plan..."_s, u"Print Table chart..."_s, u"Print Guest chart..."_s,
         // panes
         u"Guests"_s, u"Groups"_s, u"Floor plan"_s, u"Schematic"_s, u"Table chart"_s,
         u"Guest chart"_s, u"Statistics"_s,
@@ -97,6 +97,9 @@ const QSet<QString> &programTexts()
         u"locked"_s, u"Assigned:"_s, u"Name:"_s, u"Address 1:"_s, u"Address 2:"_s, u"Town/City:"_s,
         u"State/County:"_s, u"ZIP/Postcode:"_s, u"Country:"_s, u"Work phone:"_s, u"Home phone:"_s,
         u"Mobile:"_s, u"Email:"_s,
+        // Insert table, Table properties
+        u"Shape:"_s, u"circular"_s, u"rectangular"_s, u"Head (seats at top)"_s,
+        u"Head (seats at left)"_s, u"Custom"_s, u"Seats:"_s, u"Create:"_s,
         // Preferences
         u"Preferences"_s, u"General"_s, u"Auto layout"_s, u"when saved"_s, u"automatically every"_s,
         u"warn on delete guest or group"_s, u"warn on delete table"_s,
@@ -176,6 +179,7 @@ void TestHelpPages::everyWindowThatTheProgramHasAPageFor_data()
          {u"Main_window.htm"_s, u"Quick_start_guide.htm"_s, u"Tutorial.htm"_s,
           u"Information_window.htm"_s, u"Insert_guest_window.htm"_s,
           u"Guest_properties_window.htm"_s, u"Group_properties_window.htm"_s,
+          u"Insert_table_window.htm"_s, u"Table_properties_window.htm"_s,
           u"Preferences_window.htm"_s, u"Most_recently_accessed_window.htm"_s})
         QTest::newRow(qPrintable(topic)) << topic;
 }
