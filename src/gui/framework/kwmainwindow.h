@@ -56,6 +56,7 @@ public:
         EditProperties,
         ShowGuestInPlan,
         SetAffinity,
+        RotateTable,
         Lock,
         Accepted,
         Unassign,

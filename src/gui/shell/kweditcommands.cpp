@@ -94,6 +94,7 @@ void KWEditCommands::swapPlans(std::unique_ptr<KWDocument> &source,
     source.reset();
     plan->announceRefresh();
     plan->recalculateScores();
+    m_panes->refreshFloorPlan();
     updateUndoActions();
     m_window->updateActionsOnViewChange();
     emit planExchanged();

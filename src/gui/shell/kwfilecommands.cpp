@@ -105,6 +105,7 @@ void KWFileCommands::fileNew()
     m_window->document()->clear();
     m_panes->setViewSettings({});
     m_window->setActiveView(nullptr);
+    m_panes->refreshFloorPlan();
     updateMostRecentAction();
 }
 
@@ -159,6 +160,7 @@ void KWFileCommands::openPlan(const QString &path)
         updateMostRecentAction();
         if (floorPlan)
             floorPlan->endUpdateBlock();
+        m_panes->refreshFloorPlan();
     }
     if (result == KWDocument::FileOk && otherVersion)
         warnOfOtherVersion();

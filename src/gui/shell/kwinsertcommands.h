@@ -8,7 +8,7 @@ namespace Ui {
 class KWMainWin;
 }
 
-/// The commands that put guests into the plan, each through a dialog.
+/// The commands that put guests and tables into the plan, each through a dialog.
 class KWInsertCommands : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,13 @@ public:
 
 public slots:
     void insertNewGuest();
+    void insertNewCircularTable();
+    void insertNewRectTable();
+    void insertNewHeadTable();
+    void insertNewCustomTable();
 
 private:
+    void insertTable(int shape);
+
     KWMainWindow *m_window;
 };

@@ -3,6 +3,7 @@
 #include "kwaccel.h"
 #include "kwbottomtab.h"
 #include "kwbusy.h"
+#include "kwcanvasview.h"
 #include "kweditcommands.h"
 #include "kwfilecommands.h"
 #include "kwgettingstarteddlgimpl.h"
@@ -137,9 +138,7 @@ void KWMainWinImpl::disableUnbuiltCommands()
          {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction, m_ui->m_exportDataAction,
           m_ui->m_exportFloorPlanAction, m_ui->m_exportTableChartAction,
           m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
-          m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction,
-          m_ui->m_insertNewCircluarTableAction, m_ui->m_insertNewRectTableAction,
-          m_ui->m_insertNewHeadTableAction, m_ui->m_insertNewCustomTableAction})
+          m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction})
         action->setEnabled(false);
 }
 
@@ -222,6 +221,8 @@ QAction *KWMainWinImpl::editAction(EditAction action)
         return m_ui->m_showGuestInPlanAction;
     case SetAffinity:
         return m_ui->m_proximityMenu->menuAction();
+    case RotateTable:
+        return m_ui->m_editRotateTableAction;
     case Lock:
         return m_ui->m_editLockAction;
     case Accepted:
@@ -252,15 +253,22 @@ void KWMainWinImpl::editTable(KWTable *table)
     updateActionsOnViewChange();
 }
 
-/// The centre of the room, as long as there is no floor plan to look at it.
 QPoint KWMainWinImpl::floorPlanCentre()
 {
-    constexpr double chair = 100;
-    // A file may name any room and any chair.
-    constexpr double farAway = 1e6;
-    const double scale = chair / m_document.chairSize();
-    return {qRound(qBound(0.0, m_document.roomXSize() * scale / 2, farAway)),
-            qRound(qBound(0.0, m_document.roomYSize() * scale / 2, farAway))};
+    const KWCanvasView *view = m_panes->floorPlan();
+    return view ? view->centre().toPoint() : QPoint();
+}
+
+void KWMainWinImpl::placeNewTable(KWTable *table)
+{
+    if (KWCanvasView *view = m_panes->floorPlan())
+        view->placeNewTable(table);
+}
+
+void KWMainWinImpl::showNewTable(KWTable *table)
+{
+    if (KWCanvasView *view = m_panes->floorPlan())
+        view->showTable(table);
 }
 
 void KWMainWinImpl::showStatusMessage(const QString &text)

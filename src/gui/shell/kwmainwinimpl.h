@@ -55,9 +55,8 @@ public:
     void editGroup(KWGroup *group) override;
     void editTable(KWTable *table) override;
     QPoint floorPlanCentre() override;
-    // Without a floor plan there is nothing to do for new tables.
-    void placeNewTable(KWTable *) override {}
-    void showNewTable(KWTable *) override {}
+    void placeNewTable(KWTable *table) override;
+    void showNewTable(KWTable *table) override;
     void showStatusMessage(const QString &text) override;
     void setProgress(int percent) override;
 

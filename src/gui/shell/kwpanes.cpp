@@ -1,6 +1,7 @@
 #include "kwpanes.h"
 
 #include "kwbottomtab.h"
+#include "kwcanvasview.h"
 #include "kwdocument.h"
 #include "kwlefttab.h"
 #include "kwtoptab.h"
@@ -36,6 +37,19 @@ KWView *KWPanes::topView() const
 KWView *KWPanes::floorPlanView() const
 {
     return m_topTab ? m_topTab->viewNamed(u"Floor plan") : nullptr;
+}
+
+KWCanvasView *KWPanes::floorPlan() const
+{
+    return m_topTab ? m_topTab->floorPlanView() : nullptr;
+}
+
+void KWPanes::refreshFloorPlan()
+{
+    if (KWCanvasView *view = floorPlan()) {
+        view->canvas()->resizeToRoom();
+        view->zoomCentre();
+    }
 }
 
 KWGuestsListView *KWPanes::currentList() const

@@ -5,6 +5,7 @@
 #include <QObject>
 
 class KWBottomTab;
+class KWCanvasView;
 class KWDocument;
 class KWGuestsListView;
 class KWLeftTab;
@@ -33,6 +34,10 @@ public:
     /// none.
     KWView *topView() const;
     KWView *floorPlanView() const;
+    /// The same as what it is; null if there are no panes yet.
+    KWCanvasView *floorPlan() const;
+    /// Shows the room of the plan and all its tables, as large as they fit.
+    void refreshFloorPlan();
     /// The list that the left pane shows; null if there is none.
     KWGuestsListView *currentList() const;
     /// Whether the guest that is selected in the current list can be shown in the top pane, with

@@ -274,8 +274,8 @@ private slots:
     {
         ShownList shown;
         addGuest(shown.plan, {"Ann"});
-        const QStringList names{s("properties"), s("show"),     s("proximity"), s("lock"),
-                                s("accepted"),   s("unassign"), s("delete")};
+        const QStringList names{s("properties"), s("show"),     s("proximity"), s("rotate"),
+                                s("lock"),       s("accepted"), s("unassign"),  s("delete")};
         for (int i = 0; i < names.size(); ++i)
             shown.window.editAction(static_cast<KWMainWindow::EditAction>(i))->setText(names[i]);
         QStringList entries;

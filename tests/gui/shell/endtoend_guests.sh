@@ -64,6 +64,8 @@ active "Getting started"
 xdotool key alt+s alt+c
 active "Ambrelune - <unsaved>"
 
+# The list takes the whole window.
+xdotool key ctrl+Up ctrl+Down
 insert mrs anna "smith-o'neil"
 insert mr bob marley
 insert dr zoe adams

@@ -165,6 +165,7 @@ private slots:
     void withoutATopViewNothingIsPrintedOrCopied()
     {
         OpenWindow open;
+        open.removeTopPages();
         for (const char *name : {"m_filePrintAction", "m_editCopyAction"}) {
             open.action(name)->setEnabled(true);
             open.run(name);

@@ -1,3 +1,5 @@
+#include "kwcanvasview.h"
+#include "kwfloorplanitem.h"
 #include "kwtabledlgimpl.h"
 #include "modaluser.h"
 #include "openwindow.h"
@@ -36,7 +38,7 @@ private slots:
         QCOMPARE(open.plan().tableAt(0)->name(), s("Top"));
     }
 
-    void insertedTablesStandInTheMiddleOfTheRoomAndGoWithOneUndo()
+    void insertedTablesStandClearOfEachOtherInTheMiddleOfTheViewAndGoWithOneUndo()
     {
         OpenWindow open;
         open.plan().setRoomXSize(10);
@@ -47,34 +49,61 @@ private slots:
             dialog.findChild<QSpinBox *>(s("m_numTablesSpinBox"))->setValue(2);
             QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
         });
-        KWTableDlgImpl(&open.window, &open.plan(), KWTable::HeadTop).exec();
+        KWCanvasView *view = open.window.panes()->floorPlan();
+        view->canvas()->resizeToRoom();
+        const QPoint middle = open.window.floorPlanCentre();
+        QVERIFY(view->sceneRect().contains(middle));
+        open.run("m_insertNewHeadTableAction");
         QCOMPARE(open.plan().tableCount(), 2);
-        QCOMPARE(open.plan().tableAt(0)->position(), QPoint(1000, 800));
+        QCOMPARE(open.plan().tableAt(0)->position(), middle);
+        const KWCanvas &canvas = *view->canvas();
+        QVERIFY(!canvas.itemOfTable(open.plan().tableAt(0))
+                     ->collidesWithItem(canvas.itemOfTable(open.plan().tableAt(1))));
+        QCOMPARE(canvas.selected(), canvas.itemOfTable(open.plan().tableAt(1)));
+        QCOMPARE(open.window.focusWidget(), view);
+        QCOMPARE(open.window.activeView(), view);
         QCOMPARE(open.action("m_editUndoAction")->text(), s("&Undo New table(s)"));
         open.run("m_editUndoAction");
         QCOMPARE(open.plan().tableCount(), 0);
     }
 
-    void theMiddleOfAnAbsurdRoomIsAPoint_data()
+    void eachInsertCommandOpensTheDialogOfItsShape_data()
     {
-        QTest::addColumn<double>("room");
-        QTest::addColumn<double>("chair");
-        QTest::addColumn<int>("middle");
-        QTest::newRow("no chairs") << 20.0 << 0.0 << 1000000;
-        QTest::newRow("endless") << 1e300 << 0.5 << 1000000;
-        QTest::newRow("negative") << -20.0 << 0.5 << 0;
-        QTest::newRow("no number") << qQNaN() << 0.5 << 0;
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("shape");
+        QTest::newRow("circular") << s("m_insertNewCircluarTableAction") << int(KWTable::Circular);
+        QTest::newRow("rectangular")
+            << s("m_insertNewRectTableAction") << int(KWTable::Rectangular);
+        QTest::newRow("head") << s("m_insertNewHeadTableAction") << int(KWTable::HeadTop);
+        QTest::newRow("custom") << s("m_insertNewCustomTableAction") << int(KWTable::Custom);
     }
 
-    void theMiddleOfAnAbsurdRoomIsAPoint()
+    void eachInsertCommandOpensTheDialogOfItsShape()
     {
-        QFETCH(double, room);
-        QFETCH(double, chair);
-        QFETCH(int, middle);
+        QFETCH(QString, command);
         OpenWindow open;
-        open.plan().setRoomXSize(room);
-        open.plan().setChairSize(chair);
-        QCOMPARE(open.window.floorPlanCentre().x(), middle);
+        ModalUser user;
+        user.onDialog<KWTableDlgImpl>([](KWTableDlgImpl &dialog) { dialog.accept(); });
+        open.run(qPrintable(command));
+        QCOMPARE(open.plan().tableCount(), 1);
+        QTEST(open.plan().tableAt(0)->shape(), "shape");
+    }
+
+    void theFloorPlanFollowsUndoAndANewPlan()
+    {
+        OpenWindow open;
+        KWTable *table = addTable(open.plan(), "Top", KWTable::Circular, 8);
+        const KWCanvas &canvas = *open.window.panes()->floorPlan()->canvas();
+        QVERIFY(canvas.itemOfTable(table));
+        open.window.saveUndoState(s("Rotate"));
+        open.plan().deleteTable(table, true);
+        QCOMPARE(canvas.items().size(), 1);
+        open.run("m_editUndoAction");
+        QVERIFY(canvas.itemOfTable(open.plan().tableAt(0)));
+        open.plan().setModified(false);
+        open.run("m_fileNewAction");
+        // The room is there for the next tables.
+        QCOMPARE(canvas.items().size(), 1);
     }
 };
 

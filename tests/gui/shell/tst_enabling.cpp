@@ -42,6 +42,7 @@ private slots:
         QFETCH(FakeView::Answers, answers);
         QFETCH(QByteArray, on);
         OpenWindow open;
+        open.removeTopPages();
         addGuest(open.plan(), {"Ann"});
         FakeView *view = open.addView(open.window.panes()->leftTab(), s("Guests"));
         view->answers = answers;
@@ -54,6 +55,7 @@ private slots:
     void theProximityCommandsFollowTheViewTogether()
     {
         OpenWindow open;
+        open.removeTopPages();
         FakeView *view = open.addView(open.window.panes()->leftTab(), s("Guests"));
         view->answers.canSetAffinity = true;
         open.window.setActiveView(view);
@@ -69,6 +71,7 @@ private slots:
     void theCheckMarksFollowTheViewWithoutRunningTheirCommands()
     {
         OpenWindow open;
+        open.removeTopPages();
         FakeView *view = open.addView(open.window.panes()->leftTab(), s("Guests"));
         view->answers = {
             .canSetLocked = true, .isLocked = true, .canSetAccepted = true, .hasAccepted = true};
@@ -85,6 +88,7 @@ private slots:
     void printAndCopyBearTheNameOfTheTopView()
     {
         OpenWindow open;
+        open.removeTopPages();
         addGuest(open.plan(), {"Ann"});
         FakeView *view = open.addView(open.window.panes()->topTab(), s("Table chart"));
         view->answers = {.canPrint = true, .canCopy = true};
@@ -96,6 +100,7 @@ private slots:
     void theSchematicCanBeNeitherPrintedNorCopied()
     {
         OpenWindow open;
+        open.removeTopPages();
         addGuest(open.plan(), {"Ann"});
         FakeView *chart = open.addView(open.window.panes()->topTab(), s("Table chart"));
         chart->answers = {.canPrint = true, .canCopy = true};
@@ -109,6 +114,7 @@ private slots:
     void theStatisticsCanBePrintedButNotCopied()
     {
         OpenWindow open;
+        open.removeTopPages();
         addGuest(open.plan(), {"Ann"});
         FakeView *view = open.addView(open.window.panes()->topTab(), s("Statistics"));
         view->answers = {.canPrint = true};
@@ -120,6 +126,7 @@ private slots:
     void anEmptyPlanIsNeitherPrintedNorCopied()
     {
         OpenWindow open;
+        open.removeTopPages();
         FakeView *view = open.addView(open.window.panes()->topTab(), s("Floor plan"));
         view->answers = {.canPrint = true, .canCopy = true};
         open.plan().announceModified();
@@ -132,6 +139,7 @@ private slots:
     void withoutATopViewPrintAndCopyAreOff()
     {
         OpenWindow open;
+        open.removeTopPages();
         addGuest(open.plan(), {"Ann"});
         QCOMPARE(printAndCopy(open), s("Print... off, Copy off"));
     }
@@ -139,6 +147,7 @@ private slots:
     void theStatusBarCountsGuestsSeatsAndScore()
     {
         OpenWindow open;
+        open.removeTopPages();
         QCOMPARE(open.counts(), s("Guests: 0 Seats: 0 Score: 0"));
         KWGuest *ann = addGuest(open.plan(), {"Ann"});
         KWTable *table = addTable(open.plan(), "T", KWTable::Circular, 4);
@@ -150,6 +159,7 @@ private slots:
     void everyChangeOfThePlanCallsForABackup()
     {
         OpenWindow open;
+        open.removeTopPages();
         QVERIFY(!open.window.fileCommands()->changedSinceBackup());
         addGuest(open.plan(), {"Ann"});
         QVERIFY(open.window.fileCommands()->changedSinceBackup());

@@ -22,6 +22,7 @@ struct GuestsWindow : OpenWindow
 {
     GuestsWindow()
     {
+        removeTopPages();
         window.userSettings()->setValue(u"warning/delete_guest", false);
         for (const char *name : {"Ann", "Bob", "Cleo", "Dan"})
             addGuest(plan(), {name});

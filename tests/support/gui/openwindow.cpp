@@ -3,6 +3,7 @@
 #include "fakeview.h"
 #include "kwcloseabletabwidget.h"
 #include "kwstatusbar.h"
+#include "kwtoptab.h"
 #include "testplan.h"
 
 OpenWindow::OpenWindow(const QStringList &arguments)
@@ -39,6 +40,11 @@ FakeView *OpenWindow::addView(KWCloseableTabWidget *tab, const QString &name)
     if (real)
         tab->setCurrentWidget(view);
     return view;
+}
+
+void OpenWindow::removeTopPages()
+{
+    window.panes()->topTab()->clear();
 }
 
 QString OpenWindow::counts() const

@@ -32,6 +32,8 @@ public:
     void run(const char *name);
     /// Adds a view as a page of that name, in the place of the real one if there is one.
     FakeView *addView(KWCloseableTabWidget *tab, const QString &name);
+    /// Takes the real views out of the top pane, which then has none.
+    void removeTopPages();
     QString counts() const;
 
     /// Settings that start the program without a dialog and without a maximised window.

@@ -1,0 +1,393 @@
+#include "kwcanvas.h"
+
+#include "kwbusy.h"
+#include "kwdocument.h"
+#include "kwfloorplanitem.h"
+#include "kwplacefinder.h"
+#include "kwroomgeometry.h"
+#include "kwtablegeometry.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+
+namespace {
+
+constexpr double lineDepth = 100;
+
+KWCanvas::Display &sharedDisplay()
+{
+    static KWCanvas::Display display;
+    return display;
+}
+
+QColor lineColour(int value)
+{
+    switch (value) {
+    case KWScore::Loves:
+        return Qt::red;
+    case KWScore::Likes:
+        return Qt::magenta;
+    case KWScore::Dislikes:
+        return Qt::gray;
+    default:
+        return Qt::black;
+    }
+}
+} // namespace
+
+const KWCanvas::Display &KWCanvas::display()
+{
+    return sharedDisplay();
+}
+
+KWCanvas::KWCanvas(KWDocument *document, QObject *parent)
+    : QGraphicsScene(parent)
+    , m_document(document)
+{
+    connectDocument();
+    updateOnRefresh();
+}
+
+KWCanvas::~KWCanvas()
+{
+    clearItems();
+}
+
+void KWCanvas::connectDocument()
+{
+    connect(m_document, &KWDocument::eventNewTable, this, &KWCanvas::updateOnNewTable);
+    connect(m_document, &KWDocument::eventEditTable, this, &KWCanvas::updateOnEditTable);
+    connect(m_document, &KWDocument::eventBeforeDeleteTable, this, &KWCanvas::updateOnDeleteTable);
+    connect(m_document, &KWDocument::eventBeforeDeleteGuest, this, &KWCanvas::updateOnDeleteGuest);
+    connect(m_document, &KWDocument::eventEditGuest, this, &KWCanvas::updateOnEditGuest);
+    connect(m_document, &KWDocument::eventEditSeat, this, &KWCanvas::updateOnEditSeat);
+    connect(m_document, &KWDocument::eventRefresh, this, &KWCanvas::updateOnRefresh);
+    connect(m_document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvas::updateOnRefresh);
+    connect(m_document, &KWDocument::eventClear, this, &KWCanvas::updateOnClear);
+    connect(m_document, &KWDocument::eventPrepareAutoLayout, this,
+            &KWCanvas::updatePrepareAutoLayout);
+}
+
+void KWCanvas::clearItems()
+{
+    m_selected = nullptr;
+    m_lines.clear();
+    m_room = nullptr;
+    // Each takes its seats along, which the scene would otherwise delete by itself.
+    qDeleteAll(std::exchange(m_tables, {}));
+    clear();
+}
+
+void KWCanvas::addTableItem(KWTable *table)
+{
+    m_tables.insert(table, new KWTableCanvasViewItem(this, m_document, table));
+}
+
+void KWCanvas::updateOnNewTable(KWTable *table)
+{
+    addTableItem(table);
+}
+
+void KWCanvas::updateOnEditTable(KWTable *table)
+{
+    if (KWTableCanvasViewItem *item = itemOfTable(table))
+        item->rebuildSeats();
+}
+
+void KWCanvas::updateOnDeleteTable(KWTable *table)
+{
+    delete m_tables.take(table);
+}
+
+void KWCanvas::updateOnDeleteGuest(KWGuest *guest)
+{
+    repaintSeat(itemOfGuest(guest));
+}
+
+void KWCanvas::updateOnEditGuest(KWGuest *guest)
+{
+    repaintSeat(itemOfGuest(guest));
+}
+
+void KWCanvas::updateOnEditSeat(KWTable *table, int seat)
+{
+    repaintSeat(itemOfSeat(table, seat));
+}
+
+void KWCanvas::updateOnRefresh()
+{
+    clearItems();
+    setBackgroundBrush(m_document->floorplanColourOutside());
+    for (KWTable *table : m_document->tables())
+        addTableItem(table);
+    resizeToRoom();
+}
+
+void KWCanvas::updateOnClear()
+{
+    clearItems();
+}
+
+void KWCanvas::updatePrepareAutoLayout()
+{
+    clearItems();
+}
+
+void KWCanvas::repaintSeat(KWSeatCanvasViewItem *item)
+{
+    if (item)
+        item->update();
+}
+
+void KWCanvas::repaintSeats()
+{
+    for (KWTableCanvasViewItem *table : std::as_const(m_tables)) {
+        for (KWSeatCanvasViewItem *seat : table->seatItems())
+            seat->update();
+    }
+}
+
+void KWCanvas::resizeToRoom()
+{
+    m_size = KWRoomGeometry::canvasSize(m_document->roomXSize(), m_document->roomYSize(),
+                                        m_document->chairSize());
+    setSceneRect(QRectF(QPointF(), m_size));
+    QList<QPointF> centres;
+    const QList<KWTableCanvasViewItem *> items = m_tables.values();
+    for (const KWTableCanvasViewItem *item : items)
+        centres.append(item->pos());
+    const QList<QPointF> squeezed = KWRoomGeometry::squeezed(centres, m_size);
+    for (int i = 0; i < items.size(); ++i) {
+        const QPointF way = squeezed[i] - centres[i];
+        items[i]->moveBy(way.x(), way.y());
+    }
+    if (!m_room)
+        m_room = new KWRoomCanvasViewItem(this);
+    m_room->setRect(QRectF(QPointF(), m_size));
+    update();
+}
+
+void KWCanvas::setSelected(QGraphicsItem *item)
+{
+    for (QGraphicsItem *changed : {std::exchange(m_selected, item), item}) {
+        if (changed)
+            changed->update();
+    }
+}
+
+QColor KWCanvas::selectionColour() const
+{
+    const QColor own = m_document->floorplanColourSelected();
+    return own.isValid() ? own : QApplication::palette().color(QPalette::Highlight);
+}
+
+KWTableCanvasViewItem *KWCanvas::itemOfTable(const KWTable *table) const
+{
+    return m_tables.value(table);
+}
+
+KWSeatCanvasViewItem *KWCanvas::itemOfSeat(const KWTable *table, int seat) const
+{
+    const KWTableCanvasViewItem *item = itemOfTable(table);
+    return item ? item->seatItem(seat) : nullptr;
+}
+
+KWSeatCanvasViewItem *KWCanvas::itemOfGuest(const KWGuest *guest) const
+{
+    KWTable *table = nullptr;
+    int seat = 0;
+    return m_document->findGuest(guest, &table, &seat) ? itemOfSeat(table, seat) : nullptr;
+}
+
+QGraphicsItem *KWCanvas::itemAtPoint(const QPointF &point) const
+{
+    return items(point, Qt::IntersectsItemShape, Qt::DescendingOrder).value(0);
+}
+
+void KWCanvas::setNameOrder(int order)
+{
+    m_nameOrder = order;
+    repaintSeats();
+}
+
+QColor KWCanvas::colourAt(int index)
+{
+    static constexpr std::array<QColor, 16> colours{
+        QColor(255, 0, 0),   QColor(0, 255, 0),     QColor(0, 0, 255),   QColor(255, 255, 0),
+        QColor(255, 0, 255), QColor(0, 255, 255),   QColor(192, 192, 0), QColor(192, 0, 192),
+        QColor(0, 192, 192), QColor(255, 192, 0),   QColor(192, 0, 0),   QColor(0, 192, 0),
+        QColor(0, 0, 192),   QColor(192, 192, 255), QColor(0, 192, 255), QColor(192, 192, 192)};
+    return colours.at(static_cast<std::size_t>(index) % colours.size());
+}
+
+QColor KWCanvas::outerColour(const KWGroup *group) const
+{
+    return colourAt(m_document->indexOfGroup(group));
+}
+
+QColor KWCanvas::innerColour(const KWGroup *group) const
+{
+    return colourAt(m_document->indexOfGroup(group) / 16);
+}
+
+void KWCanvas::displaySeats(SeatDisplay display)
+{
+    sharedDisplay().seats = display;
+    repaintSeats();
+}
+
+void KWCanvas::showGender(bool on)
+{
+    sharedDisplay().showGender = on;
+    repaintSeats();
+}
+
+void KWCanvas::showAge(bool on)
+{
+    sharedDisplay().showAge = on;
+    repaintSeats();
+}
+
+void KWCanvas::showVIP(bool on)
+{
+    sharedDisplay().showVIP = on;
+    repaintSeats();
+}
+
+void KWCanvas::showGroups(bool on)
+{
+    sharedDisplay().showGroups = on;
+    repaintSeats();
+}
+
+void KWCanvas::showLocked(bool on)
+{
+    sharedDisplay().showLocked = on;
+    repaintSeats();
+}
+
+void KWCanvas::moveToNextTablePos(KWTableCanvasViewItem *item)
+{
+    KWPlaceFinder finder(m_size);
+    for (const KWTableCanvasViewItem *other : std::as_const(m_tables)) {
+        if (other != item)
+            finder.add(other->sceneBoundingRect());
+    }
+    const QPoint place = finder.freePlace(item->pos(), item->boundingRect().size());
+    item->moveBy(place.x() - item->x(), place.y() - item->y());
+    m_document->moveTable(item->table(), place.x(), place.y());
+}
+
+void KWCanvas::showLovesAffinity()
+{
+    addLines(KWScore::Loves);
+}
+
+void KWCanvas::showLikesAffinity()
+{
+    addLines(KWScore::Likes);
+}
+
+void KWCanvas::showDislikesAffinity()
+{
+    addLines(KWScore::Dislikes);
+}
+
+void KWCanvas::showHatesAffinity()
+{
+    addLines(KWScore::Hates);
+}
+
+void KWCanvas::showAllAffinity()
+{
+    showLovesAffinity();
+    showLikesAffinity();
+    showDislikesAffinity();
+    showHatesAffinity();
+}
+
+void KWCanvas::addLines(int value)
+{
+    const KWBusy busy;
+    for (const GuestPair &pair : m_document->proximityPairs(value))
+        addLine(pair, value);
+}
+
+void KWCanvas::showConflicts()
+{
+    const KWBusy busy;
+    for (const int value : {KWScore::Loves, KWScore::Likes, KWScore::Dislikes, KWScore::Hates}) {
+        for (const GuestPair &pair : m_document->proximityPairs(value)) {
+            if (isConflict(pair, value))
+                addLine(pair, value);
+        }
+    }
+}
+
+bool KWCanvas::isConflict(const GuestPair &pair, int value) const
+{
+    switch (value) {
+    case KWScore::Loves:
+        return !m_document->isNextTo(pair.first, pair.second);
+    case KWScore::Likes:
+        return !m_document->atSameTable(pair.first, pair.second);
+    case KWScore::Dislikes:
+        return m_document->isNextTo(pair.first, pair.second);
+    default:
+        return m_document->atSameTable(pair.first, pair.second);
+    }
+}
+
+void KWCanvas::addLine(const GuestPair &pair, int value)
+{
+    const KWSeatCanvasViewItem *from = itemOfGuest(pair.first);
+    const KWSeatCanvasViewItem *to = itemOfGuest(pair.second);
+    if (!from || !to)
+        return;
+    auto *line = new QGraphicsLineItem(QLineF(from->pos().toPoint(), to->pos().toPoint()));
+    line->setPen(QPen(lineColour(value), 1));
+    line->setZValue(lineDepth);
+    addItem(line);
+    m_lines.append(line);
+}
+
+void KWCanvas::hideAffinity()
+{
+    qDeleteAll(std::exchange(m_lines, {}));
+}
+
+QRectF KWCanvas::itemBounds(double margin) const
+{
+    QRectF bounds;
+    for (const QGraphicsItem *item : items()) {
+        if (item != m_room)
+            bounds |= item->sceneBoundingRect();
+    }
+    return KWRoomGeometry::withMargin(bounds, margin);
+}
+
+QRectF KWCanvas::boundsForAspect(double margin, double ratio) const
+{
+    return KWRoomGeometry::withAspect(itemBounds(margin), ratio);
+}
+
+QPixmap KWCanvas::renderToPixmap(double margin)
+{
+    constexpr double leastScale = 0.01;
+    const QRectF bounds = itemBounds(margin);
+    QPixmap pixmap;
+    double scale = 1;
+    while (pixmap.isNull() && scale >= leastScale) {
+        pixmap = QPixmap((bounds.size() * scale).toSize());
+        if (pixmap.isNull())
+            scale /= 2;
+    }
+    if (pixmap.isNull())
+        return pixmap;
+    pixmap.fill(m_document->floorplanColourInside());
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    render(&painter, QRectF(QPointF(), QSizeF(pixmap.size())), bounds, Qt::IgnoreAspectRatio);
+    return pixmap;
+}

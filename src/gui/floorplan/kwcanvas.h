@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QGraphicsScene>
+
+#include <array>
+
+class KWDocument;
+class KWFloorPlanItem;
+class KWGroup;
+class KWGuest;
+class KWRoomCanvasViewItem;
+class KWSeatCanvasViewItem;
+class KWTable;
+class KWTableCanvasViewItem;
+
+/// The scene of the floor plan: the room and, for each table of the plan, an item with its seats
+/// under it. It follows the plan at all times, shown or not. Canvas units are scene units.
+class KWCanvas : public QGraphicsScene
+{
+    Q_OBJECT
+
+public:
+    enum SeatDisplay { CircularName, Circular, NameOnly, None };
+
+    /// What all canvases show of seats, for the life of the process.
+    struct Display
+    {
+        SeatDisplay seats = CircularName;
+        bool showGender = false;
+        bool showAge = false;
+        bool showVIP = false;
+        bool showGroups = false;
+        bool showLocked = false;
+
+        bool showsCircle() const { return seats == CircularName || seats == Circular; }
+        bool showsText() const { return seats == CircularName || seats == NameOnly; }
+    };
+    static const Display &display();
+
+    /// `document` is not owned and outlives the canvas.
+    explicit KWCanvas(KWDocument *document, QObject *parent = nullptr);
+    ~KWCanvas() override;
+
+    KWDocument *document() const { return m_document; }
+    /// The whole canvas: the room, from the origin.
+    QSize canvasSize() const { return m_size; }
+    /// Takes the size of the plan's room. Tables that stand beyond it are squeezed towards the
+    /// origin, here but not in the plan.
+    void resizeToRoom();
+
+    /// The selected item, at most one; null if there is none.
+    QGraphicsItem *selected() const { return m_selected; }
+    void setSelected(QGraphicsItem *item);
+    /// The plan's colour for selected things, or the desktop's if it has none.
+    QColor selectionColour() const;
+
+    /// Null if there is none; a guest without a seat has none.
+    KWTableCanvasViewItem *itemOfTable(const KWTable *table) const;
+    KWSeatCanvasViewItem *itemOfSeat(const KWTable *table, int seat) const;
+    KWSeatCanvasViewItem *itemOfGuest(const KWGuest *guest) const;
+    /// What is hit at a point, topmost first: seats, tables and the room.
+    QGraphicsItem *itemAtPoint(const QPointF &point) const;
+
+    /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers.
+    int nameOrder() const { return m_nameOrder; }
+    void setNameOrder(int order);
+
+    /// The marks of a group: by its place in the plan, one of 256 pairs.
+    QColor outerColour(const KWGroup *group) const;
+    QColor innerColour(const KWGroup *group) const;
+
+    /// What all tables and seats cover, with `margin` times the longer side around it.
+    QRectF itemBounds(double margin) const;
+    /// The same, widened or heightened to a ratio of width to height.
+    QRectF boundsForAspect(double margin, double ratio) const;
+    /// Draws the items with that margin on the colour of the room. Where there is no memory for
+    /// it, at half the size, and so on; null if there is not even for a hundredth.
+    QPixmap renderToPixmap(double margin);
+
+public slots:
+    void updateOnNewTable(KWTable *table);
+    void updateOnEditTable(KWTable *table);
+    void updateOnDeleteTable(KWTable *table);
+    void updateOnDeleteGuest(KWGuest *guest);
+    void updateOnEditGuest(KWGuest *guest);
+    void updateOnEditSeat(KWTable *table, int seat);
+    void updateOnRefresh();
+    void updateOnClear();
+    void updatePrepareAutoLayout();
+    void showLovesAffinity();
+    void showLikesAffinity();
+    void showDislikesAffinity();
+    void showHatesAffinity();
+    void showAllAffinity();
+    /// Lines for the wishes that the seating does not meet.
+    void showConflicts();
+    /// Takes all lines away.
+    void hideAffinity();
+    void displaySeats(KWCanvas::SeatDisplay display);
+    void showGender(bool on);
+    void showAge(bool on);
+    void showVIP(bool on);
+    void showGroups(bool on);
+    void showLocked(bool on);
+    /// Finds a free place for a table's item, and stores it in the plan.
+    void moveToNextTablePos(KWTableCanvasViewItem *item);
+
+private:
+    using GuestPair = QPair<KWGuest *, KWGuest *>;
+
+    void connectDocument();
+    void clearItems();
+    void addTableItem(KWTable *table);
+    void repaintSeats();
+    void repaintSeat(KWSeatCanvasViewItem *item);
+    void addLines(int value);
+    void addLine(const GuestPair &pair, int value);
+    bool isConflict(const GuestPair &pair, int value) const;
+    static QColor colourAt(int index);
+
+    KWDocument *m_document;
+    QSize m_size;
+    int m_nameOrder = 0;
+    QGraphicsItem *m_selected = nullptr;
+    KWRoomCanvasViewItem *m_room = nullptr;
+    QHash<const KWTable *, KWTableCanvasViewItem *> m_tables;
+    QList<QGraphicsLineItem *> m_lines;
+};

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "kwcanvas.h"
+#include "kwview.h"
+
+#include <QGraphicsView>
+
+class KWDrag;
+
+/// The floor plan pane: selects what is clicked, moves tables, drags guests, takes drops and zooms.
+/// Owns its canvas. What is dragged over it is looked at where the pointer is, topmost first.
+class KWCanvasView : public QGraphicsView, public KWView
+{
+    Q_OBJECT
+
+public:
+    /// `document` is not owned and outlives the view.
+    KWCanvasView(QWidget *parent, KWDocument *document);
+
+    KWCanvas *canvas() { return &m_canvas; }
+
+    /// The scale, the same in both directions.
+    double zoom() const { return transform().m11(); }
+    /// What is in the middle of the view, in canvas units.
+    QPointF centre() const;
+    /// Changes the scale by a factor about the middle of the view.
+    void setZoom(double factor);
+    void zoomIn();
+    void zoomOut();
+    /// As large as shows all tables.
+    void zoomCentre();
+    bool canZoomIn() const;
+    bool canZoomOut() const;
+
+    /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers; a change of the plan.
+    void setNameOrder(int order);
+    /// Finds a free place for a table that has just been made, near where it stands.
+    void placeNewTable(KWTable *table);
+    /// Selects the table and takes the focus.
+    void showTable(KWTable *table);
+    /// Selects the guest's seat, if there is one, and brings it into the middle.
+    void selectGuest(KWGuest *guest);
+
+    void deleteSelection() override;
+    void editProperties() override;
+    void unassign() override;
+    void print() override {}
+    void copy() override;
+    void rotate() override;
+    void setAffinity(int) override {}
+    bool canDelete() override;
+    bool canEditProperties() override;
+    bool canUnassign() override;
+    void setLocked(bool locked) override;
+    bool canSetLocked() override;
+    bool isLocked() override;
+    void setAccepted(bool) override {}
+    bool canSetAccepted() override { return false; }
+    bool hasAccepted() override { return false; }
+    bool canPrint() override { return false; }
+    bool canCopy() override { return true; }
+    bool canSetAffinity() override { return false; }
+    bool canRotate() override;
+    void showGuest(KWGuest *guest) override { selectGuest(guest); }
+
+public slots:
+    void updateOnClear();
+    void updateOnRefresh();
+
+protected:
+    /// Starts a drag, which Qt deletes, and waits for its end.
+    virtual void runDrag(KWDrag *drag);
+
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+
+private:
+    KWTableCanvasViewItem *selectedTable() const;
+    KWSeatCanvasViewItem *selectedSeat() const;
+    /// The guest on the selected seat, or null.
+    KWGuest *selectedGuest() const;
+    void setThisViewActive();
+    void moveTable(const QPointF &point);
+    void putTableBack();
+    void landTable();
+    void dragGuest(const QPointF &point);
+    void openContextMenu();
+    bool acceptsDropOn(const QGraphicsItem *item) const;
+    bool dropOnTable(const QList<KWGuest *> &guests, KWTable *table, int start);
+    bool dropOutside(const QList<KWGuest *> &guests);
+    bool showTip(const QPoint &place, const QPoint &screenPlace);
+    void scaleBy(double factor);
+
+    static constexpr double startZoom = 0.3;
+
+    KWCanvas m_canvas;
+    /// In canvas units.
+    QPointF m_lastPoint;
+    /// Where the table stood whose move is going on.
+    QPointF m_tableStart;
+    bool m_movingTable = false;
+    bool m_dragStarted = false;
+};

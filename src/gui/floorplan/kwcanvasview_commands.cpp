@@ -1,0 +1,237 @@
+// What the commands do with the selected table or seat, and the zoom.
+
+#include "kwbusy.h"
+#include "kwcanvasview.h"
+#include "kwdocument.h"
+#include "kwfloorplanitem.h"
+#include "kwmainwindow.h"
+#include "kwmessages.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QScrollBar>
+#include <QStyle>
+#include <QWheelEvent>
+
+namespace {
+constexpr double highestZoom = 3;
+constexpr double zoomStep = 1.3;
+constexpr double zoomStepBack = 0.769231;
+constexpr double copyMargin = 0.05;
+
+bool hasGuests(const KWTable &table)
+{
+    const auto seats = table.seats();
+    return std::any_of(seats.begin(), seats.end(), [](const KWGuest *guest) { return guest; });
+}
+} // namespace
+
+void KWCanvasView::deleteSelection()
+{
+    KWMainWindow *window = mainWin();
+    const KWTableCanvasViewItem *item = selectedTable();
+    if (!window || !item)
+        return;
+    KWTable *table = item->table();
+    if (document()->tableHasLockedGuest(table)) {
+        errorBox(tr("You must unlock all the locked guests before you can delete this table"),
+                 tr("&OK"));
+        return;
+    }
+    if (configurableWarning(window->userSettings(), QStringLiteral("warning/delete_table"),
+                            tr("Delete table?")) != 0)
+        return;
+    m_canvas.setSelected(nullptr);
+    document()->deleteTable(table, true);
+}
+
+void KWCanvasView::editProperties()
+{
+    KWMainWindow *window = mainWin();
+    if (!window)
+        return;
+    if (const KWTableCanvasViewItem *table = selectedTable())
+        window->editTable(table->table());
+    else if (KWGuest *guest = selectedGuest())
+        window->editGuest(guest);
+}
+
+void KWCanvasView::unassign()
+{
+    if (KWGuest *guest = selectedGuest())
+        document()->unassignGuest(guest, true);
+}
+
+void KWCanvasView::copy()
+{
+    const QPixmap picture = m_canvas.renderToPixmap(copyMargin);
+    if (picture.isNull())
+        errorBox(tr("Unable to copy floor plan to clipboard.\nYou may have insufficient memory.\n"
+                    "Try closing some other applications."),
+                 tr("&OK"));
+    else
+        QApplication::clipboard()->setPixmap(picture);
+}
+
+void KWCanvasView::rotate()
+{
+    if (const KWTableCanvasViewItem *table = selectedTable())
+        document()->rotateTable(table->table());
+}
+
+bool KWCanvasView::canDelete()
+{
+    return selectedTable() != nullptr;
+}
+
+bool KWCanvasView::canEditProperties()
+{
+    return selectedTable() || selectedGuest();
+}
+
+bool KWCanvasView::canUnassign()
+{
+    const KWGuest *guest = selectedGuest();
+    return guest && !guest->isLocked();
+}
+
+void KWCanvasView::setLocked(bool locked)
+{
+    if (KWGuest *guest = selectedGuest())
+        document()->setGuestLocked(guest, locked);
+    else if (const KWTableCanvasViewItem *table = selectedTable())
+        document()->setTableLocked(table->table(), locked);
+}
+
+bool KWCanvasView::canSetLocked()
+{
+    const KWTableCanvasViewItem *table = selectedTable();
+    return selectedGuest() || (table && hasGuests(*table->table()));
+}
+
+bool KWCanvasView::isLocked()
+{
+    if (const KWGuest *guest = selectedGuest())
+        return guest->isLocked();
+    const KWTableCanvasViewItem *item = selectedTable();
+    if (!item || !hasGuests(*item->table()))
+        return false;
+    const auto seats = item->table()->seats();
+    return std::all_of(seats.begin(), seats.end(),
+                       [](const KWGuest *guest) { return !guest || guest->isLocked(); });
+}
+
+bool KWCanvasView::canRotate()
+{
+    return selectedTable() != nullptr;
+}
+
+void KWCanvasView::selectGuest(KWGuest *guest)
+{
+    KWSeatCanvasViewItem *seat = m_canvas.itemOfGuest(guest);
+    if (!seat)
+        return;
+    m_canvas.setSelected(seat);
+    centerOn(seat->pos());
+}
+
+void KWCanvasView::placeNewTable(KWTable *table)
+{
+    if (KWTableCanvasViewItem *item = m_canvas.itemOfTable(table))
+        m_canvas.moveToNextTablePos(item);
+}
+
+void KWCanvasView::showTable(KWTable *table)
+{
+    KWTableCanvasViewItem *item = m_canvas.itemOfTable(table);
+    if (!item)
+        return;
+    m_canvas.setSelected(item);
+    ensureVisible(item);
+    setFocus();
+    setThisViewActive();
+}
+
+void KWCanvasView::setNameOrder(int order)
+{
+    m_canvas.setNameOrder(order);
+    markModified();
+}
+
+void KWCanvasView::scaleBy(double factor)
+{
+    scale(factor, factor);
+}
+
+QPointF KWCanvasView::centre() const
+{
+    // Not through mapToScene(), which knows whole pixels only.
+    const QSizeF seen = viewport()->size();
+    return viewportTransform().inverted().map(QPointF(seen.width() / 2, seen.height() / 2));
+}
+
+void KWCanvasView::setZoom(double factor)
+{
+    const QPointF centre = this->centre();
+    scaleBy(factor);
+    centerOn(centre);
+    if (KWMainWindow *window = mainWin())
+        window->showStatusMessage(tr("Zoom to x%1").arg(zoom(), 0, 'f', 2));
+}
+
+void KWCanvasView::zoomIn()
+{
+    const KWBusy busy;
+    beginUpdateBlock();
+    setZoom(zoomStep);
+    endUpdateBlock();
+}
+
+void KWCanvasView::zoomOut()
+{
+    const KWBusy busy;
+    beginUpdateBlock();
+    setZoom(zoomStepBack);
+    endUpdateBlock();
+}
+
+void KWCanvasView::zoomCentre()
+{
+    const KWBusy busy;
+    const QRectF bounds = m_canvas.itemBounds(0);
+    if (bounds.isEmpty()) {
+        scaleBy(startZoom / zoom());
+        centerOn(sceneRect().center());
+        return;
+    }
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const QSizeF room = maximumViewportSize() - QSize(bar, bar);
+    scaleBy(std::min(room.width() / bounds.width(), room.height() / bounds.height()) / zoom());
+    centerOn(bounds.center());
+}
+
+bool KWCanvasView::canZoomIn() const
+{
+    return zoom() < highestZoom;
+}
+
+bool KWCanvasView::canZoomOut() const
+{
+    const QSizeF scaled = QSizeF(m_canvas.canvasSize()) * zoom();
+    const QSize room = maximumViewportSize();
+    return scaled.width() > room.width() || scaled.height() > room.height();
+}
+
+void KWCanvasView::wheelEvent(QWheelEvent *event)
+{
+    if (!(event->modifiers() & Qt::ControlModifier)) {
+        QGraphicsView::wheelEvent(event);
+        return;
+    }
+    const int turn = event->angleDelta().y();
+    if (turn > 0 && canZoomIn())
+        zoomIn();
+    else if (turn < 0 && canZoomOut())
+        zoomOut();
+    event->accept();
+}

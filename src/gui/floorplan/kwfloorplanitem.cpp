@@ -1,0 +1,250 @@
+#include "kwfloorplanitem.h"
+
+#include "kwcanvas.h"
+#include "kwdocument.h"
+#include "kwfloorplantext.h"
+#include "kwpixmaps.h"
+#include "kwtablegeometry.h"
+
+#include <QFont>
+#include <QPainter>
+
+namespace {
+
+constexpr double roomDepth = -1;
+constexpr double seatDepth = 1;
+constexpr double tableDepth = 2;
+constexpr double markedWidth = 2;
+
+/// The plan's font with its size in canvas units, so that it is the same on every device.
+QFont canvasFont(const KWDocument &document)
+{
+    constexpr double unitsPerPoint = 96.0 / 72;
+    constexpr int largest = 1000;
+    QFont font = document.floorPlanFont();
+    const double points = font.pointSizeF();
+    const double units = points > 0 ? points * unitsPerPoint : font.pixelSize();
+    font.setPixelSize(qBound(1, qRound(units), largest));
+    return font;
+}
+} // namespace
+
+KWFloorPlanItem::KWFloorPlanItem(KWDocument *document)
+    : m_document(document)
+{
+}
+
+QPainterPath KWFloorPlanItem::shape() const
+{
+    QPainterPath path;
+    path.addRect(areaPoints());
+    return path;
+}
+
+KWCanvas *KWFloorPlanItem::canvas() const
+{
+    return static_cast<KWCanvas *>(scene());
+}
+
+bool KWFloorPlanItem::isMarked() const
+{
+    return canvas()->selected() == this;
+}
+
+KWSeatCanvasViewItem::KWSeatCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table,
+                                           int seat, const QPointF &centre)
+    : KWFloorPlanItem(document)
+    , m_table(table)
+    , m_seat(seat)
+{
+    setZValue(seatDepth);
+    setPos(centre);
+    canvas->addItem(this);
+}
+
+KWGuest *KWSeatCanvasViewItem::guest() const
+{
+    KWGuest *guest = nullptr;
+    document()->guestAtSeat(m_table, m_seat, &guest);
+    return guest;
+}
+
+QString KWSeatCanvasViewItem::tipText(int nameOrder) const
+{
+    return KWFloorPlanText::seatTip(*m_table, m_seat, nameOrder);
+}
+
+QRectF KWSeatCanvasViewItem::areaPoints() const
+{
+    constexpr double half = KWTableGeometry::seatSize / 2.0;
+    return {-half, -half, 2 * half, 2 * half};
+}
+
+void KWSeatCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    constexpr double childFactor = 0.67;
+    const KWGuest *occupant = guest();
+    double diameter = KWTableGeometry::seatSize;
+    if (KWCanvas::display().showAge && occupant && occupant->age() == KWGuest::Child)
+        diameter *= childFactor;
+    paintCircle(painter, occupant, diameter);
+    if (occupant)
+        paintMarks(painter, occupant, diameter);
+    if (KWCanvas::display().showsText())
+        paintText(painter, diameter);
+}
+
+QColor KWSeatCanvasViewItem::fillColour(const KWGuest *guest) const
+{
+    const KWCanvas::Display &display = KWCanvas::display();
+    if (guest && display.showGender) {
+        if (guest->gender() == KWGuest::Male)
+            return {96, 192, 255};
+        if (guest->gender() == KWGuest::Female)
+            return {255, 160, 255};
+    } else if (guest && display.showGroups && guest->group()) {
+        return canvas()->outerColour(guest->group());
+    }
+    return display.showsCircle() ? document()->floorplanColourSeats()
+                                 : document()->floorplanColourInside();
+}
+
+void KWSeatCanvasViewItem::paintCircle(QPainter *painter, const KWGuest *guest,
+                                       double diameter) const
+{
+    const bool circle = KWCanvas::display().showsCircle();
+    QPen pen(circle ? document()->floorplanColourSeatsEdge() : document()->floorplanColourInside());
+    if (circle && isMarked())
+        pen = QPen(canvas()->selectionColour(), markedWidth);
+    painter->setPen(pen);
+    painter->setBrush(fillColour(guest));
+    painter->drawEllipse(QPointF(), diameter / 2, diameter / 2);
+}
+
+void KWSeatCanvasViewItem::paintMarks(QPainter *painter, const KWGuest *guest,
+                                      double diameter) const
+{
+    const KWCanvas::Display &display = KWCanvas::display();
+    if (display.showGroups && guest->group()) {
+        const QColor inner = canvas()->innerColour(guest->group());
+        painter->setPen(inner);
+        painter->setBrush(inner);
+        painter->drawEllipse(QPointF(), diameter / 4, diameter / 4);
+    }
+    const QRectF place(-diameter / 2 + 2, -diameter / 2 - 3, diameter - 4, diameter);
+    const auto draw = [painter, &place](const QPixmap &mark) {
+        painter->drawPixmap(place, mark, QRectF(mark.rect()));
+    };
+    if (display.showLocked && guest->isLocked())
+        draw(KWPixmaps::instance().lockedLarge());
+    if (display.showVIP && guest->isVip())
+        draw(KWPixmaps::instance().vipLarge());
+}
+
+void KWSeatCanvasViewItem::paintText(QPainter *painter, double diameter) const
+{
+    const QString text = KWFloorPlanText::wrapped(
+        KWFloorPlanText::seatText(*m_table, m_seat, canvas()->nameOrder()));
+    if (text.isEmpty())
+        return;
+    painter->setPen(isMarked() ? canvas()->selectionColour()
+                               : document()->floorplanColourSeatsText());
+    painter->setFont(canvasFont(*document()));
+    constexpr double width = KWTableGeometry::seatSize;
+    painter->drawText(QRectF(-width / 2, -diameter / 2, width, diameter), Qt::AlignCenter, text);
+}
+
+KWTableCanvasViewItem::KWTableCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table)
+    : KWFloorPlanItem(document)
+    , m_table(table)
+{
+    setZValue(tableDepth);
+    setPos(table->position());
+    canvas->addItem(this);
+    rebuildSeats();
+}
+
+KWTableCanvasViewItem::~KWTableCanvasViewItem()
+{
+    deleteSeats();
+    if (canvas() && isMarked())
+        canvas()->setSelected(nullptr);
+}
+
+KWSeatCanvasViewItem *KWTableCanvasViewItem::seatItem(int seat) const
+{
+    const auto index = static_cast<std::size_t>(seat);
+    return seat >= 0 && index < m_seats.size() ? m_seats[index] : nullptr;
+}
+
+void KWTableCanvasViewItem::deleteSeats()
+{
+    for (KWSeatCanvasViewItem *seat : m_seats) {
+        if (canvas() && canvas()->selected() == seat)
+            canvas()->setSelected(nullptr);
+        delete seat;
+    }
+    m_seats.clear();
+}
+
+void KWTableCanvasViewItem::rebuildSeats()
+{
+    deleteSeats();
+    prepareGeometryChange();
+    const KWTableGeometry geometry(*m_table);
+    m_size = geometry.size();
+    int seat = 0;
+    for (const QPointF &centre : geometry.seatCentres(pos()))
+        m_seats.push_back(new KWSeatCanvasViewItem(canvas(), document(), m_table, seat++, centre));
+    update();
+}
+
+void KWTableCanvasViewItem::moveBy(double dx, double dy)
+{
+    for (KWSeatCanvasViewItem *seat : m_seats)
+        seat->moveBy(dx, dy);
+    QGraphicsItem::moveBy(dx, dy);
+}
+
+QString KWTableCanvasViewItem::tipText(int) const
+{
+    return KWFloorPlanText::tableTip(*m_table);
+}
+
+QRectF KWTableCanvasViewItem::areaPoints() const
+{
+    if (m_size.isEmpty())
+        return {};
+    return KWTableGeometry(*m_table).area({});
+}
+
+void KWTableCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    if (m_size.isEmpty())
+        return;
+    const KWDocument &plan = *document();
+    painter->setBrush(plan.floorplanColourTables());
+    painter->setPen(isMarked() ? QPen(canvas()->selectionColour(), markedWidth)
+                               : QPen(plan.floorplanColourTablesEdge()));
+    const QRectF body(-m_size.width() / 2.0, -m_size.height() / 2.0, m_size.width(),
+                      m_size.height());
+    if (m_table->shape() == KWTable::Circular)
+        painter->drawEllipse(body);
+    else
+        painter->drawRect(body);
+    painter->setFont(canvasFont(plan));
+    painter->setPen(isMarked() ? canvas()->selectionColour() : plan.floorplanColourTableText());
+    painter->drawText(body, Qt::AlignCenter, KWFloorPlanText::wrapped(m_table->name()));
+}
+
+KWRoomCanvasViewItem::KWRoomCanvasViewItem(KWCanvas *canvas)
+    : m_canvas(canvas)
+{
+    setZValue(roomDepth);
+    canvas->addItem(this);
+}
+
+void KWRoomCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    painter->fillRect(rect(), m_canvas->document()->floorplanColourInside());
+}

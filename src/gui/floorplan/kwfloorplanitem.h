@@ -1,0 +1,117 @@
+#pragma once
+
+#include <QGraphicsItem>
+
+class KWCanvas;
+class KWDocument;
+class KWGuest;
+class KWTable;
+
+/// A table or a seat of the floor plan. It holds nothing of the plan: it looks there each time it
+/// paints, so a change asks for a repaint only. It is hit anywhere in its area. Owned by its
+/// canvas.
+class KWFloorPlanItem : public QGraphicsItem
+{
+public:
+    /// The document is not owned and outlives the item.
+    explicit KWFloorPlanItem(KWDocument *document);
+
+    /// What is known of it, as rich text, with names in a name order; empty if there is nothing.
+    virtual QString tipText(int nameOrder) const = 0;
+
+    QRectF boundingRect() const override { return areaPoints(); }
+    QPainterPath shape() const override;
+
+protected:
+    /// The area in the item's own coordinates, whose origin is its centre.
+    virtual QRectF areaPoints() const = 0;
+
+    KWDocument *document() const { return m_document; }
+    KWCanvas *canvas() const;
+    bool isMarked() const;
+
+private:
+    KWDocument *m_document;
+};
+
+/// A seat, which shows its guest as the canvas's display settings say.
+class KWSeatCanvasViewItem : public KWFloorPlanItem
+{
+public:
+    enum { Type = UserType + 1 };
+
+    /// `centre` in canvas units.
+    KWSeatCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table, int seat,
+                         const QPointF &centre);
+
+    KWTable *table() const { return m_table; }
+    int seat() const { return m_seat; }
+    /// Null for an empty seat.
+    KWGuest *guest() const;
+
+    int type() const override { return Type; }
+    QString tipText(int nameOrder) const override;
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+protected:
+    QRectF areaPoints() const override;
+
+private:
+    void paintCircle(QPainter *painter, const KWGuest *guest, double diameter) const;
+    void paintMarks(QPainter *painter, const KWGuest *guest, double diameter) const;
+    void paintText(QPainter *painter, double diameter) const;
+    QColor fillColour(const KWGuest *guest) const;
+
+    KWTable *m_table;
+    int m_seat;
+};
+
+/// A table, which takes its seats along where it is moved.
+class KWTableCanvasViewItem : public KWFloorPlanItem
+{
+public:
+    enum { Type = UserType + 2 };
+
+    /// Stands where the table does, with its seats around it.
+    KWTableCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table);
+    /// Deletes its seats, and lets the canvas forget it if it was selected.
+    ~KWTableCanvasViewItem() override;
+
+    KWTable *table() const { return m_table; }
+    /// Null for a seat that does not exist.
+    KWSeatCanvasViewItem *seatItem(int seat) const;
+    const std::vector<KWSeatCanvasViewItem *> &seatItems() const { return m_seats; }
+    /// Follows a table that has changed its shape or its seats. Its centre stays.
+    void rebuildSeats();
+    /// Moves the item and its seats, not the table of the plan.
+    void moveBy(double dx, double dy);
+
+    int type() const override { return Type; }
+    QString tipText(int nameOrder) const override;
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+protected:
+    QRectF areaPoints() const override;
+
+private:
+    void deleteSeats();
+
+    KWTable *m_table;
+    QSize m_size;
+    std::vector<KWSeatCanvasViewItem *> m_seats;
+};
+
+/// The floor of the room, from the origin.
+class KWRoomCanvasViewItem : public QGraphicsRectItem
+{
+public:
+    enum { Type = UserType + 3 };
+
+    explicit KWRoomCanvasViewItem(KWCanvas *canvas);
+
+    int type() const override { return Type; }
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+private:
+    KWCanvas *m_canvas;
+};

@@ -1,0 +1,436 @@
+#include "guitest.h"
+#include "kwcanvas.h"
+#include "kwfloorplanitem.h"
+#include "kwfloorplantext.h"
+#include "testplan.h"
+
+#include <QGraphicsView>
+
+namespace {
+
+/// A plan with its canvas; the room is 10 by 8 metres of chairs of half a metre.
+struct Plan
+{
+    KWDocument plan;
+    KWCanvas canvas{&plan};
+
+    Plan()
+    {
+        plan.setRoomXSize(10);
+        plan.setRoomYSize(8);
+        plan.setChairSize(0.5);
+        canvas.resizeToRoom();
+    }
+
+    ~Plan()
+    {
+        canvas.displaySeats(KWCanvas::CircularName);
+        canvas.showGender(false);
+        canvas.showAge(false);
+        canvas.showVIP(false);
+        canvas.showGroups(false);
+        canvas.showLocked(false);
+    }
+
+    KWTable *table(const char *name, int shape, int seats, const QPoint &place)
+    {
+        return plan.addTable(shape, s(name), seats, 0, 0, 0, place, {});
+    }
+
+    /// A guest on a seat.
+    KWGuest *seat(const TestGuest &guest, KWTable *table, int seat, KWGroup *group = nullptr)
+    {
+        KWGuest *added = addGuest(plan, guest, group);
+        plan.assignGuest(added, table, seat, false);
+        return added;
+    }
+
+    QString lines() const
+    {
+        QStringList all;
+        for (const QGraphicsItem *item : canvas.items(Qt::AscendingOrder)) {
+            const auto *line = qgraphicsitem_cast<const QGraphicsLineItem *>(item);
+            if (line)
+                all.append(line->pen().color().name());
+        }
+        all.sort();
+        return all.join(u' ');
+    }
+
+    /// The colour that is painted at a point.
+    QColor painted(const QPointF &point)
+    {
+        QImage image(3, 3, QImage::Format_RGB32);
+        QPainter painter(&image);
+        canvas.render(&painter, QRectF(0, 0, 3, 3),
+                      QRectF(point - QPointF(1.5, 1.5), QSizeF(3, 3)));
+        painter.end();
+        return image.pixelColor(1, 1);
+    }
+};
+} // namespace
+
+class TestKWCanvas : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theCanvasIsTheRoomInSeats()
+    {
+        const Plan shown;
+        QCOMPARE(shown.canvas.canvasSize(), QSize(2000, 1600));
+        QCOMPARE(shown.canvas.sceneRect(), QRectF(0, 0, 2000, 1600));
+        QCOMPARE(shown.canvas.itemAtPoint({5, 5})->type(), int(KWRoomCanvasViewItem::Type));
+        QCOMPARE(shown.canvas.itemAtPoint({2005, 5}), nullptr);
+    }
+
+    void aTableStandsWhereThePlanSaysWithItsSeatsAroundIt()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
+        const KWTableCanvasViewItem *item = shown.canvas.itemOfTable(table);
+        QVERIFY(item);
+        QCOMPARE(item->pos(), QPointF(500, 400));
+        QCOMPARE(item->seatItems().size(), std::size_t(4));
+        QCOMPARE(shown.canvas.itemOfSeat(table, 0)->pos(), QPointF(500, 275));
+        QCOMPARE(shown.canvas.itemOfSeat(table, 4), nullptr);
+        QCOMPARE(shown.canvas.itemOfSeat(table, -1), nullptr);
+    }
+
+    void editingATableRebuildsItsSeatsAboutItsCentre()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 3, {500, 400});
+        shown.canvas.setSelected(shown.canvas.itemOfSeat(table, 1));
+        shown.plan.resizeTable(table, 5, false);
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(500, 400));
+        QCOMPARE(shown.canvas.itemOfTable(table)->seatItems().size(), std::size_t(5));
+        QCOMPARE(shown.canvas.itemOfSeat(table, 0)->pos(), QPointF(300, 300));
+        QCOMPARE(shown.canvas.selected(), nullptr);
+    }
+
+    void aDeletedTableGoesWithItsSeatsAndTheSelection()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
+        shown.canvas.setSelected(shown.canvas.itemOfTable(table));
+        shown.plan.deleteTable(table, true);
+        QCOMPARE(shown.canvas.selected(), nullptr);
+        QCOMPARE(shown.canvas.items().size(), 1);
+    }
+
+    void aRefreshBuildsTheSceneAnew()
+    {
+        Plan shown;
+        shown.table("T", KWTable::Circular, 4, {500, 400});
+        const KWDocument copy(shown.plan);
+        shown.plan.announceClear();
+        QCOMPARE(shown.canvas.items().size(), 0);
+        shown.plan = copy;
+        shown.plan.announceRefresh();
+        QCOMPARE(shown.canvas.items().size(), 1 + 1 + 4);
+        QVERIFY(shown.canvas.itemOfTable(shown.plan.tableAt(0)));
+    }
+
+    void theSceneStandsEmptyDuringALayout()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
+        shown.canvas.setSelected(shown.canvas.itemOfTable(table));
+        emit shown.plan.eventPrepareAutoLayout();
+        QCOMPARE(shown.canvas.items().size(), 0);
+        QCOMPARE(shown.canvas.selected(), nullptr);
+        // What the plan says meanwhile finds no item.
+        shown.plan.setTableName(table, s("X"));
+        shown.plan.announceRefresh();
+        QCOMPARE(shown.canvas.items().size(), 1 + 1 + 4);
+    }
+
+    void aRoomSmallerThanItsTablesSqueezesThemOnTheAxisThatOverflows()
+    {
+        Plan shown;
+        KWTable *far = shown.table("Far", KWTable::Circular, 4, {1000, 3200});
+        KWTable *near = shown.table("Near", KWTable::Circular, 4, {400, 800});
+        shown.canvas.resizeToRoom();
+        QCOMPARE(shown.canvas.itemOfTable(far)->pos(), QPointF(1000, 1600));
+        QCOMPARE(shown.canvas.itemOfTable(near)->pos(), QPointF(400, 400));
+        QCOMPARE(shown.canvas.itemOfSeat(near, 0)->pos(), QPointF(400, 275));
+        // The plan keeps its places until the tables are moved.
+        QCOMPARE(far->position(), QPoint(1000, 3200));
+    }
+
+    void aNewTableFindsAFreePlaceAndThePlanKnowsIt()
+    {
+        Plan shown;
+        shown.table("A", KWTable::Circular, 4, {1000, 800});
+        KWTable *second = shown.table("B", KWTable::Circular, 4, {1000, 800});
+        KWTableCanvasViewItem *item = shown.canvas.itemOfTable(second);
+        shown.canvas.moveToNextTablePos(item);
+        QVERIFY(item->pos() != QPointF(1000, 800));
+        QCOMPARE(QPointF(second->position()), item->pos());
+        QVERIFY(!item->sceneBoundingRect().intersects(
+            shown.canvas.itemOfTable(shown.plan.tableAt(0))->sceneBoundingRect()));
+    }
+
+    void aTableInFreeSpaceDoesNotMove()
+    {
+        Plan shown;
+        KWTable *table = shown.table("A", KWTable::Circular, 4, {700, 600});
+        shown.canvas.moveToNextTablePos(shown.canvas.itemOfTable(table));
+        QCOMPARE(table->position(), QPoint(700, 600));
+    }
+
+    void linesStayUntilTheyAreHidden()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 6, {500, 400});
+        KWGuest *a = shown.seat({"A"}, table, 0);
+        KWGuest *b = shown.seat({"B"}, table, 1);
+        KWGuest *c = shown.seat({"C"}, table, 3);
+        shown.plan.setAffinity(a, b, KWScore::Loves, false);
+        shown.plan.setAffinity(a, c, KWScore::Likes, false);
+        shown.canvas.showLovesAffinity();
+        shown.canvas.showLikesAffinity();
+        QCOMPARE(shown.lines(), s("#ff0000 #ff00ff"));
+        shown.canvas.hideAffinity();
+        QCOMPARE(shown.lines(), s(""));
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void eachWishHasItsColour()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 8, {500, 400});
+        QList<KWGuest *> guests;
+        for (int i = 0; i < 5; ++i)
+            guests.append(shown.seat({"G"}, table, i));
+        shown.plan.setAffinity(guests[0], guests[1], KWScore::Loves, false);
+        shown.plan.setAffinity(guests[0], guests[2], KWScore::Likes, false);
+        shown.plan.setAffinity(guests[0], guests[3], KWScore::Dislikes, false);
+        shown.plan.setAffinity(guests[0], guests[4], KWScore::Hates, false);
+        shown.canvas.showAllAffinity();
+        QCOMPARE(shown.lines(), s("#000000 #a0a0a4 #ff0000 #ff00ff"));
+    }
+
+    void guestsWithoutASeatGetNoLine()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
+        KWGuest *a = shown.seat({"A"}, table, 0);
+        KWGuest *b = addGuest(shown.plan, {"B"});
+        shown.plan.setAffinity(a, b, KWScore::Loves, false);
+        shown.canvas.showAllAffinity();
+        shown.canvas.showConflicts();
+        QCOMPARE(shown.lines(), s(""));
+    }
+
+    void conflictsAreTheWishesThatAreNotMet_data()
+    {
+        QTest::addColumn<int>("value");
+        QTest::addColumn<QString>("place");
+        QTest::addColumn<bool>("conflict");
+        const auto row = [](int value, const char *place, bool conflict) {
+            QTest::addRow("%d %s", value, place) << value << s(place) << conflict;
+        };
+        row(KWScore::Loves, "next", false);
+        row(KWScore::Loves, "ring", false);
+        row(KWScore::Loves, "table", true);
+        row(KWScore::Loves, "away", true);
+        row(KWScore::Likes, "next", false);
+        row(KWScore::Likes, "table", false);
+        row(KWScore::Likes, "away", true);
+        row(KWScore::Dislikes, "next", true);
+        row(KWScore::Dislikes, "ring", true);
+        row(KWScore::Dislikes, "table", false);
+        row(KWScore::Dislikes, "away", false);
+        row(KWScore::Hates, "next", true);
+        row(KWScore::Hates, "table", true);
+        row(KWScore::Hates, "away", false);
+    }
+
+    void conflictsAreTheWishesThatAreNotMet()
+    {
+        QFETCH(int, value);
+        QFETCH(QString, place);
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 6, {500, 400});
+        KWTable *other = shown.table("U", KWTable::Circular, 6, {1200, 400});
+        KWGuest *a = shown.seat({"A"}, table, 0);
+        const int seat = place == u"next" ? 1 : place == u"ring" ? 5 : place == u"table" ? 2 : 0;
+        KWGuest *b = shown.seat({"B"}, place == u"away" ? other : table, seat);
+        shown.plan.setAffinity(a, b, value, false);
+        shown.canvas.showConflicts();
+        QTEST(!shown.lines().isEmpty(), "conflict");
+    }
+
+    void theColourPairsOfGroupsRepeatBeyond256()
+    {
+        Plan shown;
+        QList<KWGroup *> groups;
+        for (int i = 0; i < 257; ++i)
+            groups.append(shown.plan.addGroup({}, s("G"), {}));
+        QCOMPARE(shown.canvas.outerColour(groups[0]), QColor(255, 0, 0));
+        QCOMPARE(shown.canvas.innerColour(groups[0]), QColor(255, 0, 0));
+        QCOMPARE(shown.canvas.outerColour(groups[17]), QColor(0, 255, 0));
+        QCOMPARE(shown.canvas.innerColour(groups[17]), QColor(0, 255, 0));
+        QCOMPARE(shown.canvas.outerColour(groups[30]), QColor(0, 192, 255));
+        QCOMPARE(shown.canvas.innerColour(groups[255]), QColor(192, 192, 192));
+        QCOMPARE(shown.canvas.outerColour(groups[256]), shown.canvas.outerColour(groups[0]));
+        QCOMPARE(shown.canvas.innerColour(groups[256]), shown.canvas.innerColour(groups[0]));
+    }
+
+    void seatsAreHitByTheirWholeArea()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        const KWSeatCanvasViewItem *seat = shown.canvas.itemOfSeat(table, 0);
+        QCOMPARE(shown.canvas.itemAtPoint(seat->pos() + QPointF(-49, -49)), seat);
+        QCOMPARE(shown.canvas.itemAtPoint(seat->pos() + QPointF(-51, -49))->type(),
+                 int(KWRoomCanvasViewItem::Type));
+        // The table's area reaches over the edge of its seats.
+        QCOMPARE(shown.canvas.itemAtPoint(seat->pos() + QPointF(0, 49)),
+                 shown.canvas.itemOfTable(table));
+    }
+
+    void genderColoursTheSeats()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 4, {500, 400});
+        shown.seat({"", KWGuest::Male}, table, 0);
+        shown.seat({"", KWGuest::Female}, table, 1);
+        shown.seat({"", KWGuest::Undefined}, table, 2);
+        const auto seat = [&](int i) {
+            return shown.painted(shown.canvas.itemOfSeat(table, i)->pos() - QPointF(0, 30));
+        };
+        QCOMPARE(seat(0), QColor(Qt::white));
+        shown.canvas.showGender(true);
+        QCOMPARE(seat(0), QColor(96, 192, 255));
+        QCOMPARE(seat(1), QColor(255, 160, 255));
+        QCOMPARE(seat(2), QColor(Qt::white));
+        QCOMPARE(seat(3), QColor(Qt::white));
+    }
+
+    void groupsColourTheSeatsOutsideAndInside()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 2, {500, 400});
+        for (int i = 0; i < 20; ++i)
+            shown.plan.addGroup({}, s("G"), {});
+        shown.seat({"", KWGuest::Male}, table, 0, shown.plan.groupAt(18));
+        const QPointF centre = shown.canvas.itemOfSeat(table, 0)->pos();
+        shown.canvas.showGroups(true);
+        QCOMPARE(shown.painted(centre), QColor(0, 255, 0));
+        QCOMPARE(shown.painted(centre - QPointF(0, 35)), QColor(0, 0, 255));
+        // Gender takes the outer circle over.
+        shown.canvas.showGender(true);
+        QCOMPARE(shown.painted(centre), QColor(0, 255, 0));
+        QCOMPARE(shown.painted(centre - QPointF(0, 35)), QColor(96, 192, 255));
+    }
+
+    void childrenHaveASmallCircle()
+    {
+        Plan shown;
+        shown.plan.setFloorplanColourSeats(Qt::yellow);
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        shown.seat({"", KWGuest::Undefined, false, false, KWGuest::Child}, table, 0);
+        const QPointF edge = shown.canvas.itemOfSeat(table, 0)->pos() - QPointF(0, 40);
+        QCOMPARE(shown.painted(edge), QColor(Qt::yellow));
+        shown.canvas.showAge(true);
+        QCOMPARE(shown.painted(edge), shown.plan.floorplanColourInside());
+    }
+
+    void hiddenSeatsArePaintedInTheColourOfTheRoomAndAreStillHit()
+    {
+        Plan shown;
+        shown.plan.setFloorplanColourInside(QColor(1, 2, 3));
+        shown.plan.setFloorplanColourSeats(Qt::yellow);
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        const KWSeatCanvasViewItem *seat = shown.canvas.itemOfSeat(table, 0);
+        shown.canvas.displaySeats(KWCanvas::None);
+        QCOMPARE(shown.painted(seat->pos()), QColor(1, 2, 3));
+        QCOMPARE(shown.painted(seat->pos() - QPointF(49.5, 0)), QColor(1, 2, 3));
+        QCOMPARE(shown.canvas.itemAtPoint(seat->pos()), seat);
+    }
+
+    void aSelectedSeatShowsItAtItsCircleUnlessItHasNone()
+    {
+        Plan shown;
+        shown.plan.setFloorplanColourSelected(QColor(9, 8, 7));
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        KWSeatCanvasViewItem *seat = shown.canvas.itemOfSeat(table, 0);
+        const QPointF edge = seat->pos() - QPointF(50, 0);
+        QVERIFY(shown.painted(edge) != QColor(9, 8, 7));
+        shown.canvas.setSelected(seat);
+        QCOMPARE(shown.painted(edge), QColor(9, 8, 7));
+        shown.canvas.displaySeats(KWCanvas::NameOnly);
+        QCOMPARE(shown.painted(edge), shown.plan.floorplanColourInside());
+    }
+
+    void locksAndVipsAreMarked()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        shown.seat({"", KWGuest::Undefined, true, true}, table, 0);
+        const QRectF seat = shown.canvas.itemOfSeat(table, 0)->sceneBoundingRect();
+        const auto picture = [&] {
+            QImage image(100, 100, QImage::Format_RGB32);
+            QPainter painter(&image);
+            shown.canvas.render(&painter, QRectF(0, 0, 100, 100), seat);
+            painter.end();
+            return image;
+        };
+        const QImage bare = picture();
+        shown.canvas.showLocked(true);
+        const QImage locked = picture();
+        QVERIFY(locked != bare);
+        shown.canvas.showVIP(true);
+        QVERIFY(picture() != locked);
+        shown.canvas.showLocked(false);
+        QVERIFY(picture() != bare && picture() != locked);
+    }
+
+    void aChangeOfASeatRepaintsThatSeatOnly()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 6, {700, 400});
+        KWGuest *guest = addGuest(shown.plan, {"A"});
+        QGraphicsView view(&shown.canvas);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QCoreApplication::processEvents();
+        QRectF repainted;
+        connect(&shown.canvas, &QGraphicsScene::changed, this, [&](const QList<QRectF> &regions) {
+            for (const QRectF &region : regions)
+                repainted |= region;
+        });
+        emit shown.plan.eventEditSeat(table, 2);
+        QTRY_VERIFY(!repainted.isEmpty());
+        QVERIFY(shown.canvas.itemOfSeat(table, 2)
+                    ->sceneBoundingRect()
+                    .adjusted(-3, -3, 3, 3)
+                    .contains(repainted));
+        shown.plan.assignGuest(guest, table, 4, false);
+        QVERIFY(shown.canvas.itemOfGuest(guest));
+    }
+
+    void thePictureHoldsAllTablesWithTheMarginOnTheColourOfTheRoom()
+    {
+        Plan shown;
+        shown.plan.setFloorplanColourInside(QColor(1, 2, 3));
+        shown.table("T", KWTable::HeadTop, 10, {600, 400});
+        QCOMPARE(shown.canvas.itemBounds(0), QRectF(96, 250, 1008, 204));
+        const QPixmap picture = shown.canvas.renderToPixmap(0.05);
+        QCOMPARE(picture.size(), QSize(1108, 304));
+        QCOMPARE(picture.toImage().pixelColor(2, 2), QColor(1, 2, 3));
+        QCOMPARE(shown.canvas.boundsForAspect(0, 1).size(), QSizeF(1008, 1008));
+    }
+
+    void anEmptyPlanGivesNoPicture()
+    {
+        Plan shown;
+        QVERIFY(shown.canvas.renderToPixmap(0.05).isNull());
+    }
+};
+
+GUI_TEST_MAIN(TestKWCanvas)
+#include "tst_kwcanvas.moc"

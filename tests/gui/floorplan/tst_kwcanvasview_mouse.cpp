@@ -1,0 +1,239 @@
+#include "shownplan.h"
+
+#include <QMenu>
+
+// What the mouse does on the floor plan.
+
+namespace {
+
+/// The entries of the menu that comes up while `act` runs, "-" for a separator; empty if none does.
+QString menuThatOpens(const std::function<void()> &act)
+{
+    QStringList entries;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&entries] {
+        if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+            for (const QAction *action : menu->actions())
+                entries.append(action->isSeparator() ? s("-") : action->text());
+            menu->close();
+        }
+    });
+    look.start(0);
+    act();
+    return entries.join(u' ');
+}
+
+void nameActions(FakeMainWindow &window)
+{
+    using Window = KWMainWindow;
+    window.editAction(Window::EditProperties)->setText(s("properties"));
+    window.editAction(Window::RotateTable)->setText(s("rotate"));
+    window.editAction(Window::Lock)->setText(s("lock"));
+    window.editAction(Window::Unassign)->setText(s("unassign"));
+    window.editAction(Window::Delete)->setText(s("delete"));
+}
+} // namespace
+
+class TestKWCanvasViewMouse : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aPressSelectsWhatIsOnTop()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.click(shown.placeOf(table));
+        QCOMPARE(shown.canvas.selected(), shown.canvas.itemOfTable(table));
+        shown.click(shown.placeOf(table, 1));
+        QCOMPARE(shown.canvas.selected(), shown.canvas.itemOfSeat(table, 1));
+        // The bare floor is the room.
+        shown.click(shown.placeOf(QPointF(1900, 1500)));
+        QCOMPARE(shown.canvas.selected()->type(), int(KWRoomCanvasViewItem::Type));
+        shown.click(shown.placeOf(QPointF(2300, 1500)));
+        QCOMPARE(shown.canvas.selected(), nullptr);
+        QCOMPARE(shown.window.currentView, &shown.view);
+    }
+
+    void theCanvasStandsAtTheTopLeftOfALargerView()
+    {
+        ShownPlan shown;
+        QCOMPARE(shown.placeOf(QPointF(0, 0)), QPoint(0, 0));
+        QCOMPARE(shown.placeOf(QPointF(1000, 500)), QPoint(300, 150));
+    }
+
+    void aTableIsMovedWithItsSeatsAndLandsWithTheRelease()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.plan.setModified(false);
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(30, 0));
+        shown.moveTo(start + QPoint(60, 30));
+        // Nothing goes to the plan yet.
+        QCOMPARE(table->position(), QPoint(600, 500));
+        QVERIFY(!shown.plan.isModified());
+        shown.release(Qt::LeftButton, start + QPoint(60, 30));
+        QCOMPARE(table->position(), QPoint(800, 600));
+        QCOMPARE(shown.canvas.itemOfSeat(table, 0)->pos(), QPointF(800, 475));
+        QVERIFY(shown.plan.isModified());
+        // There is no undo for it.
+        QCOMPARE(shown.window.undoLabels, QStringList());
+    }
+
+    void aClickOnATableChangesNothing()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.plan.setModified(false);
+        shown.click(shown.placeOf(table));
+        QVERIFY(!shown.plan.isModified());
+    }
+
+    void aTableDoesNotFollowThePointerOffTheCanvas()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(shown.placeOf(QPointF(2100, 500)));
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
+        shown.moveTo(shown.placeOf(QPointF(1000, 500)));
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(1000, 500));
+    }
+
+    void escapePutsATableBackWhileItIsMoved()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        QTest::keyClick(&shown.view, Qt::Key_Escape);
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
+        shown.moveTo(start + QPoint(90, 30));
+        shown.release(Qt::LeftButton, start + QPoint(90, 30));
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
+        QCOMPARE(table->position(), QPoint(600, 500));
+        QCOMPARE(shown.canvas.itemOfSeat(table, 0)->pos(), QPointF(600, 375));
+    }
+
+    void aReleaseThatWentElsewhereLandsTheTable()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        shown.moveTo(start + QPoint(200, 100), Qt::NoButton);
+        QCOMPARE(table->position(), QPoint(800, 600));
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(800, 600));
+    }
+
+    void theRightButtonMovesNothing()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::RightButton, start);
+        shown.moveTo(start + QPoint(60, 30), Qt::RightButton);
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
+    }
+
+    void aGuestIsDraggedOnceTheLengthsDifferByMoreThanFive()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 0);
+        shown.view.setZoom(1 / shown.view.zoom());
+        const QPointF centre = shown.canvas.itemOfSeat(table, 0)->pos();
+        const auto place = [&](double dx, double dy) {
+            return shown.placeOf(centre + QPointF(dx, dy));
+        };
+        shown.press(Qt::LeftButton, place(0, 0));
+        // What x gains y loses: the lengths stay the same.
+        shown.moveTo(place(40, -40));
+        shown.moveTo(place(5, 0));
+        shown.moveTo(place(-5, 0));
+        QCOMPARE(shown.view.drags, QStringList());
+        shown.moveTo(place(6, 0));
+        QCOMPARE(shown.view.drags, QStringList{s("Ann")});
+        // One press starts one drag.
+        shown.moveTo(place(30, 0));
+        QCOMPARE(shown.view.drags.size(), 1);
+        shown.release(Qt::LeftButton, place(30, 0));
+    }
+
+    void anEmptySeatIsNotDragged()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table, 0);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(40, 0));
+        QCOMPARE(shown.view.drags, QStringList());
+    }
+
+    void aLockedGuestIsReportedAndNotDragged()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 0, true);
+        shown.prompts.answer(s("&OK"));
+        const QPoint start = shown.placeOf(table, 0);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(40, 0));
+        shown.moveTo(start + QPoint(60, 0));
+        QCOMPARE(shown.prompts.texts(), QStringList{s("Guest 'Ann' is locked")});
+        QCOMPARE(shown.view.drags, QStringList());
+    }
+
+    void theMenuBelongsToWhatTheRightClickHit()
+    {
+        ShownPlan shown;
+        nameActions(shown.window);
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const auto menuAt = [&](const QPoint &place) {
+            return menuThatOpens([&] {
+                shown.press(Qt::RightButton, place);
+                shown.release(Qt::RightButton, place);
+            });
+        };
+        QCOMPARE(menuAt(shown.placeOf(table)), s("properties rotate lock - delete"));
+        QCOMPARE(shown.canvas.selected(), shown.canvas.itemOfTable(table));
+        QCOMPARE(menuAt(shown.placeOf(table, 2)), s("properties - lock unassign"));
+        QCOMPARE(shown.canvas.selected(), shown.canvas.itemOfSeat(table, 2));
+        QCOMPARE(menuAt(shown.placeOf(QPointF(1900, 1500))), QString());
+        QCOMPARE(menuAt(shown.placeOf(QPointF(2300, 1500))), QString());
+    }
+
+    void aDoubleClickOpensTheDialogOfTheTableOrTheGuest()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 1);
+        for (const QPoint &place : {shown.placeOf(table), shown.placeOf(table, 1),
+                                    shown.placeOf(table, 2), shown.placeOf(QPointF(1900, 1500))}) {
+            shown.click(place);
+            QTest::mouseDClick(shown.view.viewport(), Qt::LeftButton, {}, place);
+        }
+        QCOMPARE(shown.window.edited, (QStringList{s("table T"), s("guest Ann")}));
+    }
+
+    void whatIsUnderAClearedPlanIsForgotten()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        shown.plan.clear();
+        shown.moveTo(start + QPoint(90, 30));
+        shown.release(Qt::LeftButton, start);
+        QCOMPARE(shown.plan.tableCount(), 0);
+    }
+};
+
+GUI_TEST_MAIN(TestKWCanvasViewMouse)
+#include "tst_kwcanvasview_mouse.moc"
