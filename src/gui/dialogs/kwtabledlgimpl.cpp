@@ -84,7 +84,6 @@ void KWTableDlgImpl::connectFields()
 void KWTableDlgImpl::setUpInsert(int shape)
 {
     m_ui->m_nameLineEdit->setText(m_document->nextTableName());
-    m_ui->m_nameLineEdit->selectAll();
     shapeSelected(shape);
     m_ui->m_okPushButton->hide();
     m_ui->m_addPushButton->setDefault(true);
