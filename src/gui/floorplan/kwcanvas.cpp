@@ -272,9 +272,9 @@ void KWCanvas::moveToNextTablePos(KWTableCanvasViewItem *item)
     KWPlaceFinder finder(m_size);
     for (const KWTableCanvasViewItem *other : std::as_const(m_tables)) {
         if (other != item)
-            finder.add(other->sceneBoundingRect());
+            finder.add(other->area());
     }
-    const QPoint place = finder.freePlace(item->pos(), item->boundingRect().size());
+    const QPoint place = finder.freePlace(item->pos(), item->area().size());
     item->moveBy(place.x() - item->x(), place.y() - item->y());
     m_document->moveTable(item->table(), place.x(), place.y());
 }
@@ -354,6 +354,8 @@ void KWCanvas::addLine(const GuestPair &pair, int value)
 
 void KWCanvas::hideAffinity()
 {
+    if (m_lines.contains(m_selected))
+        m_selected = nullptr;
     qDeleteAll(std::exchange(m_lines, {}));
 }
 
@@ -361,7 +363,10 @@ QRectF KWCanvas::itemBounds(double margin) const
 {
     QRectF bounds;
     for (const QGraphicsItem *item : items()) {
-        if (item != m_room)
+        const auto *planItem = dynamic_cast<const KWFloorPlanItem *>(item);
+        if (planItem)
+            bounds |= planItem->area();
+        else if (item != m_room)
             bounds |= item->sceneBoundingRect();
     }
     return KWRoomGeometry::withMargin(bounds, margin);
@@ -388,6 +393,10 @@ QPixmap KWCanvas::renderToPixmap(double margin)
     pixmap.fill(m_document->floorplanColourInside());
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
+    // Not on the colour around the room, which the scene would paint over it.
+    const QBrush outside = backgroundBrush();
+    setBackgroundBrush(Qt::NoBrush);
     render(&painter, QRectF(QPointF(), QSizeF(pixmap.size())), bounds, Qt::IgnoreAspectRatio);
+    setBackgroundBrush(outside);
     return pixmap;
 }

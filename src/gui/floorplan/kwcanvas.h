@@ -58,7 +58,7 @@ public:
     KWTableCanvasViewItem *itemOfTable(const KWTable *table) const;
     KWSeatCanvasViewItem *itemOfSeat(const KWTable *table, int seat) const;
     KWSeatCanvasViewItem *itemOfGuest(const KWGuest *guest) const;
-    /// What is hit at a point, topmost first: seats, tables and the room.
+    /// What is on top at a point: a line, a table, a seat or the room; null beyond the room.
     QGraphicsItem *itemAtPoint(const QPointF &point) const;
 
     /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers.

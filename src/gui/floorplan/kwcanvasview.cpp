@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QToolTip>
 
 namespace {
@@ -103,7 +104,7 @@ void KWCanvasView::mouseMoveEvent(QMouseEvent *event)
         landTable();
         return;
     }
-    if (event->buttons() & Qt::RightButton)
+    if (!(event->buttons() & Qt::LeftButton) || (event->buttons() & Qt::RightButton))
         return;
     const QPointF point = mapToScene(event->position().toPoint());
     if (selectedTable())
@@ -128,6 +129,8 @@ void KWCanvasView::landTable()
     if (std::exchange(m_movingTable, false) && item) {
         const QPoint place = item->pos().toPoint();
         document()->moveTable(item->table(), place.x(), place.y());
+        // Once, where the move of each pixel says nothing: it belongs into the next backup.
+        document()->announceModified();
     }
 }
 
@@ -139,6 +142,7 @@ void KWCanvasView::putTableBack()
         item->moveBy(way.x(), way.y());
         // Nor do further moves of the button that is still down.
         m_canvas.setSelected(nullptr);
+        updateCommands();
     }
 }
 
@@ -170,10 +174,24 @@ void KWCanvasView::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() == Qt::LeftButton)
         landTable();
     else if (event->button() == Qt::RightButton)
-        openContextMenu();
+        openContextMenu(QCursor::pos());
 }
 
-void KWCanvasView::openContextMenu()
+void KWCanvasView::updateCommands()
+{
+    KWMainWindow *window = mainWin();
+    if (window && window->activeView() == this)
+        window->updateActionsOnViewChange();
+}
+
+// What comes up meanwhile, such as a dialog, may keep the release for itself.
+void KWCanvasView::focusOutEvent(QFocusEvent *event)
+{
+    landTable();
+    QGraphicsView::focusOutEvent(event);
+}
+
+void KWCanvasView::openContextMenu(const QPoint &place)
 {
     KWMainWindow *window = mainWin();
     if (!window || (!selectedTable() && !selectedSeat()))
@@ -191,20 +209,21 @@ void KWCanvasView::openContextMenu()
         menu.addAction(window->editAction(Window::Lock));
         menu.addAction(window->editAction(Window::Unassign));
     }
-    menu.exec(QCursor::pos());
+    menu.exec(place);
 }
 
 void KWCanvasView::contextMenuEvent(QContextMenuEvent *event)
 {
     // The mouse opens it at the release.
-    if (event->reason() == QContextMenuEvent::Keyboard)
-        openContextMenu();
+    if (event->reason() == QContextMenuEvent::Keyboard && m_canvas.selected())
+        openContextMenu(viewport()->mapToGlobal(mapFromScene(m_canvas.selected()->pos())));
 }
 
 void KWCanvasView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QGraphicsView::mouseDoubleClickEvent(event);
-    editProperties();
+    if (event->button() == Qt::LeftButton)
+        editProperties();
 }
 
 void KWCanvasView::keyPressEvent(QKeyEvent *event)
@@ -258,7 +277,8 @@ bool KWCanvasView::dropOnTable(const QList<KWGuest *> &guests, KWTable *table, i
 {
     const int seats = table->seatCount();
     if (guests.size() > seats) {
-        errorBox(tr("Too many guests for table"), tr("&OK"));
+        // Not while the one who drags waits for the end of it.
+        QTimer::singleShot(0, this, [] { errorBox(tr("Too many guests for table"), tr("&OK")); });
         return false;
     }
     if (guests.isEmpty())
@@ -268,6 +288,7 @@ bool KWCanvasView::dropOnTable(const QList<KWGuest *> &guests, KWTable *table, i
     for (int i = 0; i < guests.size(); ++i)
         document()->assignGuest(guests[i], table, (start + i) % seats, false);
     document()->recalculateScores();
+    updateCommands();
     return true;
 }
 
@@ -280,6 +301,7 @@ bool KWCanvasView::dropOutside(const QList<KWGuest *> &guests)
     for (KWGuest *guest : guests)
         document()->unassignGuest(guest, false);
     document()->recalculateScores();
+    updateCommands();
     return true;
 }
 

@@ -77,6 +77,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
@@ -93,7 +94,8 @@ private:
     void putTableBack();
     void landTable();
     void dragGuest(const QPointF &point);
-    void openContextMenu();
+    void openContextMenu(const QPoint &place);
+    void updateCommands();
     bool acceptsDropOn(const QGraphicsItem *item) const;
     bool dropOnTable(const QList<KWGuest *> &guests, KWTable *table, int start);
     bool dropOutside(const QList<KWGuest *> &guests);

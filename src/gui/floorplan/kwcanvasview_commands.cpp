@@ -131,6 +131,7 @@ void KWCanvasView::selectGuest(KWGuest *guest)
     KWSeatCanvasViewItem *seat = m_canvas.itemOfGuest(guest);
     if (!seat)
         return;
+    landTable();
     m_canvas.setSelected(seat);
     centerOn(seat->pos());
 }
@@ -146,6 +147,7 @@ void KWCanvasView::showTable(KWTable *table)
     KWTableCanvasViewItem *item = m_canvas.itemOfTable(table);
     if (!item)
         return;
+    landTable();
     m_canvas.setSelected(item);
     ensureVisible(item);
     setFocus();
@@ -206,6 +208,8 @@ void KWCanvasView::zoomCentre()
     }
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
     const QSizeF room = maximumViewportSize() - QSize(bar, bar);
+    if (room.isEmpty())
+        return;
     scaleBy(std::min(room.width() / bounds.width(), room.height() / bounds.height()) / zoom());
     centerOn(bounds.center());
 }

@@ -189,13 +189,18 @@ void KWTableCanvasViewItem::deleteSeats()
 
 void KWTableCanvasViewItem::rebuildSeats()
 {
+    const auto *selected = qgraphicsitem_cast<KWSeatCanvasViewItem *>(canvas()->selected());
+    const int selectedSeat = selected && selected->table() == m_table ? selected->seat() : -1;
     deleteSeats();
     prepareGeometryChange();
     const KWTableGeometry geometry(*m_table);
     m_size = geometry.size();
+    m_area = m_size.isEmpty() ? QRectF() : geometry.area({});
     int seat = 0;
     for (const QPointF &centre : geometry.seatCentres(pos()))
         m_seats.push_back(new KWSeatCanvasViewItem(canvas(), document(), m_table, seat++, centre));
+    if (seatItem(selectedSeat))
+        canvas()->setSelected(seatItem(selectedSeat));
     update();
 }
 
@@ -213,9 +218,7 @@ QString KWTableCanvasViewItem::tipText(int) const
 
 QRectF KWTableCanvasViewItem::areaPoints() const
 {
-    if (m_size.isEmpty())
-        return {};
-    return KWTableGeometry(*m_table).area({});
+    return m_area;
 }
 
 void KWTableCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

@@ -19,7 +19,11 @@ public:
     /// What is known of it, as rich text, with names in a name order; empty if there is nothing.
     virtual QString tipText(int nameOrder) const = 0;
 
-    QRectF boundingRect() const override { return areaPoints(); }
+    /// Where it is hit, in canvas units.
+    QRectF area() const { return areaPoints().translated(pos()); }
+
+    /// With room for the line around a selected seat.
+    QRectF boundingRect() const override { return areaPoints().adjusted(-1, -1, 1, 1); }
     QPainterPath shape() const override;
 
 protected:
@@ -81,7 +85,8 @@ public:
     /// Null for a seat that does not exist.
     KWSeatCanvasViewItem *seatItem(int seat) const;
     const std::vector<KWSeatCanvasViewItem *> &seatItems() const { return m_seats; }
-    /// Follows a table that has changed its shape or its seats. Its centre stays.
+    /// Follows a table that has changed its shape or its seats. Its centre stays, and so does a
+    /// selected seat if there still is one of its number.
     void rebuildSeats();
     /// Moves the item and its seats, not the table of the plan.
     void moveBy(double dx, double dy);
@@ -98,6 +103,7 @@ private:
 
     KWTable *m_table;
     QSize m_size;
+    QRectF m_area;
     std::vector<KWSeatCanvasViewItem *> m_seats;
 };
 

@@ -161,6 +161,7 @@ void KWFileCommands::openPlan(const QString &path)
         if (floorPlan)
             floorPlan->endUpdateBlock();
         m_panes->refreshFloorPlan();
+        m_window->updateActionsOnViewChange();
     }
     if (result == KWDocument::FileOk && otherVersion)
         warnOfOtherVersion();

@@ -139,4 +139,5 @@ void KWViewCommands::showGuestInPlan()
 void KWViewCommands::refreshAll()
 {
     m_document->announceRefresh();
+    updateActionsOnViewChange();
 }

@@ -106,6 +106,8 @@ private slots:
         QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(500, 400));
         QCOMPARE(shown.canvas.itemOfTable(table)->seatItems().size(), std::size_t(5));
         QCOMPARE(shown.canvas.itemOfSeat(table, 0)->pos(), QPointF(300, 300));
+        QCOMPARE(shown.canvas.selected(), shown.canvas.itemOfSeat(table, 1));
+        shown.plan.resizeTable(table, 1, false);
         QCOMPARE(shown.canvas.selected(), nullptr);
     }
 
@@ -192,8 +194,13 @@ private slots:
         shown.canvas.showLovesAffinity();
         shown.canvas.showLikesAffinity();
         QCOMPARE(shown.lines(), s("#ff0000 #ff00ff"));
+        const QPointF middle =
+            (shown.canvas.itemOfSeat(table, 0)->pos() + shown.canvas.itemOfSeat(table, 1)->pos()) /
+            2;
+        shown.canvas.setSelected(shown.canvas.itemAtPoint(middle));
         shown.canvas.hideAffinity();
         QCOMPARE(shown.lines(), s(""));
+        QCOMPARE(shown.canvas.selected(), nullptr);
         QVERIFY(!QApplication::overrideCursor());
     }
 
@@ -423,6 +430,10 @@ private slots:
         QCOMPARE(picture.size(), QSize(1108, 304));
         QCOMPARE(picture.toImage().pixelColor(2, 2), QColor(1, 2, 3));
         QCOMPARE(shown.canvas.boundsForAspect(0, 1).size(), QSizeF(1008, 1008));
+        // Also where it reaches beyond the room.
+        shown.plan.addTable(KWTable::HeadTop, s("U"), 10, 0, 0, 0, {100, 1500}, {});
+        const QImage wide = shown.canvas.renderToPixmap(0.2).toImage();
+        QCOMPARE(wide.pixelColor(2, wide.height() - 2), QColor(1, 2, 3));
     }
 
     void anEmptyPlanGivesNoPicture()

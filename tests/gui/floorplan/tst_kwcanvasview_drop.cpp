@@ -121,7 +121,7 @@ private slots:
         KWTable *u = shown.table("U", KWTable::Circular, 2, {600, 1200});
         shown.prompts.answer(s("&OK"));
         QVERIFY(!shown.drop({shown.eve, shown.fay, shown.ann}, shown.placeOf(u)));
-        QCOMPARE(shown.prompts.texts(), QStringList{s("Too many guests for table")});
+        QTRY_COMPARE(shown.prompts.texts(), QStringList{s("Too many guests for table")});
         QCOMPARE(shown.prompts.messages[0].icon, KWMessage::Critical);
         QCOMPARE(seating(*u), s("- -"));
         QCOMPARE(seating(*shown.t), s("Ann Bob -"));

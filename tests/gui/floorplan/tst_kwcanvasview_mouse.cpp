@@ -131,6 +131,30 @@ private slots:
         QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(800, 600));
     }
 
+    void aTableLandsBeforeAnotherIsShown()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        KWTable *other = shown.table("U", KWTable::Circular, 4, {1300, 900});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        shown.view.showTable(other);
+        QCOMPARE(table->position(), QPoint(800, 600));
+        QTest::keyClick(&shown.view, Qt::Key_Escape);
+        QCOMPARE(other->position(), QPoint(1300, 900));
+        QCOMPARE(shown.canvas.itemOfTable(other)->pos(), QPointF(1300, 900));
+    }
+
+    void aRightDoubleClickOpensNoDialog()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.click(shown.placeOf(table));
+        QTest::mouseDClick(shown.view.viewport(), Qt::RightButton, {}, shown.placeOf(table));
+        QCOMPARE(shown.window.edited, QStringList());
+    }
+
     void theRightButtonMovesNothing()
     {
         ShownPlan shown;
