@@ -29,6 +29,8 @@ window_is_gone() {
 # active TITLE: until the window of that title has the keys.
 active() {
   wait_for_window 30 "$1" >"$work/window" || fail "There is no window '$1'"
+  # On a busy machine the window manager may have given them to a window that came late.
+  wait_until 10 has_focus "$1" || xdotool windowactivate "$(cat "$work/window")"
   wait_until 10 has_focus "$1" || fail "The window '$1' does not get the keys"
 }
 
