@@ -129,6 +129,7 @@ void KWCanvasView::landTable()
     if (std::exchange(m_movingTable, false) && item) {
         const QPoint place = item->pos().toPoint();
         document()->moveTable(item->table(), place.x(), place.y());
+        m_tableStart = item->pos();
         // Once, where the move of each pixel says nothing: it belongs into the next backup.
         document()->announceModified();
     }
@@ -224,6 +225,16 @@ void KWCanvasView::mouseDoubleClickEvent(QMouseEvent *event)
     QGraphicsView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton)
         editProperties();
+}
+
+bool KWCanvasView::event(QEvent *event)
+{
+    // A command that a key gives in the middle of a move, such as to save, finds the plan as it is
+    // seen.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+        landTable();
+    return QGraphicsView::event(event);
 }
 
 void KWCanvasView::keyPressEvent(QKeyEvent *event)

@@ -71,6 +71,7 @@ protected:
     /// Starts a drag, which Qt deletes, and waits for its end.
     virtual void runDrag(KWDrag *drag);
 
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -107,7 +108,7 @@ private:
     KWCanvas m_canvas;
     /// In canvas units.
     QPointF m_lastPoint;
-    /// Where the table stood whose move is going on.
+    /// Where Escape puts the table back whose move is going on.
     QPointF m_tableStart;
     bool m_movingTable = false;
     bool m_dragStarted = false;

@@ -184,17 +184,15 @@ void KWCanvasView::setZoom(double factor)
 void KWCanvasView::zoomIn()
 {
     const KWBusy busy;
-    beginUpdateBlock();
+    const KWUpdateBlock block(this);
     setZoom(zoomStep);
-    endUpdateBlock();
 }
 
 void KWCanvasView::zoomOut()
 {
     const KWBusy busy;
-    beginUpdateBlock();
+    const KWUpdateBlock block(this);
     setZoom(zoomStepBack);
-    endUpdateBlock();
 }
 
 void KWCanvasView::zoomCentre()

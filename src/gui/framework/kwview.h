@@ -65,3 +65,25 @@ private:
     bool m_needsRefresh = false;
     int m_updateBlock = 0;
 };
+
+/// An update block that ends with its scope. The view, which may be null, outlives it.
+class KWUpdateBlock
+{
+public:
+    explicit KWUpdateBlock(KWView *view)
+        : m_view(view)
+    {
+        if (m_view)
+            m_view->beginUpdateBlock();
+    }
+    ~KWUpdateBlock()
+    {
+        if (m_view)
+            m_view->endUpdateBlock();
+    }
+    KWUpdateBlock(const KWUpdateBlock &) = delete;
+    KWUpdateBlock &operator=(const KWUpdateBlock &) = delete;
+
+private:
+    KWView *m_view;
+};

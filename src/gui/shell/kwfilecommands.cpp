@@ -105,6 +105,7 @@ void KWFileCommands::fileNew()
     m_window->document()->clear();
     m_panes->setViewSettings({});
     m_window->setActiveView(nullptr);
+    m_panes->resizeFloorPlan();
     m_panes->refreshFloorPlan();
     updateMostRecentAction();
 }
@@ -141,25 +142,24 @@ void KWFileCommands::openPlan(const QString &path)
         const KWBusy busy;
         m_window->showStatusMessage(tr("Loading %1").arg(path));
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        KWView *floorPlan = m_panes->floorPlanView();
-        if (floorPlan)
-            floorPlan->beginUpdateBlock();
-        KWViewSettings settings;
-        result = loadPlan(path, settings, otherVersion);
-        if (result == KWDocument::FileOk) {
-            m_panes->setViewSettings(settings);
-            plan->announceRefresh();
-            m_changedSinceBackup = false;
-            m_edit->clearUndoStates();
-            addToRecentFiles(path);
-        } else {
-            // Or saving would put the empty plan in the place of the file.
-            plan->setFileName(QString());
-            reportLoadResult(result, path);
+        {
+            const KWUpdateBlock block(m_panes->floorPlanView());
+            KWViewSettings settings;
+            result = loadPlan(path, settings, otherVersion);
+            if (result == KWDocument::FileOk) {
+                m_panes->setViewSettings(settings);
+                plan->announceRefresh();
+                m_changedSinceBackup = false;
+                m_edit->clearUndoStates();
+                addToRecentFiles(path);
+            } else {
+                // Or saving would put the empty plan in the place of the file.
+                plan->setFileName(QString());
+                reportLoadResult(result, path);
+            }
+            updateMostRecentAction();
+            m_panes->resizeFloorPlan();
         }
-        updateMostRecentAction();
-        if (floorPlan)
-            floorPlan->endUpdateBlock();
         m_panes->refreshFloorPlan();
         m_window->updateActionsOnViewChange();
     }

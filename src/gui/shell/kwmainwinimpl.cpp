@@ -5,6 +5,7 @@
 #include "kwbusy.h"
 #include "kwcanvasview.h"
 #include "kweditcommands.h"
+#include "kwexportcommands.h"
 #include "kwfilecommands.h"
 #include "kwgettingstarteddlgimpl.h"
 #include "kwguestdlgimpl.h"
@@ -74,6 +75,9 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
     m_fileCommands = new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, clock);
     m_helpCommands = new KWHelpCommands(this, m_ui.get(), this);
     m_insertCommands = new KWInsertCommands(this, m_ui.get(), this);
+    m_exportCommands = new KWExportCommands(this, this, m_panes, m_fileCommands);
+    connect(m_ui->m_exportFloorPlanAction, &QAction::triggered, m_exportCommands,
+            &KWExportCommands::fileExportFloorPlan);
     connect(m_editCommands, &KWEditCommands::planExchanged, this, [this] {
         updateCaption(m_document.fileName());
         m_fileCommands->updateMostRecentAction();
@@ -136,9 +140,9 @@ void KWMainWinImpl::disableUnbuiltCommands()
 {
     for (QAction *action :
          {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction, m_ui->m_exportDataAction,
-          m_ui->m_exportFloorPlanAction, m_ui->m_exportTableChartAction,
-          m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
-          m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction})
+          m_ui->m_exportTableChartAction, m_ui->m_exportGuestChartAction,
+          m_ui->m_insertNewGuestCoupleAction, m_ui->m_insertNewFamilyGuestAction,
+          m_ui->m_insertNewFriendsAction})
         action->setEnabled(false);
 }
 
@@ -317,6 +321,7 @@ void KWMainWinImpl::updateChangedDoc()
 {
     m_fileCommands->setChangedSinceBackup(true);
     updateScore();
+    m_ui->m_exportFloorPlanAction->setEnabled(!m_document.isEmpty());
     updatePrintAction();
     updateCopyAction();
 }

@@ -12,6 +12,7 @@
 class KWEditCommands;
 class KWFileCommands;
 class KWHelpCommands;
+class KWExportCommands;
 class KWInsertCommands;
 class KWPanes;
 class KWSplashScreen;
@@ -103,4 +104,5 @@ private:
     KWFileCommands *m_fileCommands;
     KWHelpCommands *m_helpCommands;
     KWInsertCommands *m_insertCommands;
+    KWExportCommands *m_exportCommands;
 };

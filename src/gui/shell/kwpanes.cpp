@@ -44,12 +44,16 @@ KWCanvasView *KWPanes::floorPlan() const
     return m_topTab ? m_topTab->floorPlanView() : nullptr;
 }
 
+void KWPanes::resizeFloorPlan()
+{
+    if (KWCanvasView *view = floorPlan())
+        view->canvas()->resizeToRoom();
+}
+
 void KWPanes::refreshFloorPlan()
 {
-    if (KWCanvasView *view = floorPlan()) {
-        view->canvas()->resizeToRoom();
+    if (KWCanvasView *view = floorPlan())
         view->zoomCentre();
-    }
 }
 
 KWGuestsListView *KWPanes::currentList() const

@@ -36,7 +36,9 @@ public:
     KWView *floorPlanView() const;
     /// The same as what it is; null if there are no panes yet.
     KWCanvasView *floorPlan() const;
-    /// Shows the room of the plan and all its tables, as large as they fit.
+    /// Brings the floor plan to the size of the plan's room.
+    void resizeFloorPlan();
+    /// Shows all tables of the floor plan, as large as they fit.
     void refreshFloorPlan();
     /// The list that the left pane shows; null if there is none.
     KWGuestsListView *currentList() const;

@@ -119,6 +119,23 @@ private slots:
         QCOMPARE(shown.canvas.itemOfSeat(table, 0)->pos(), QPointF(600, 375));
     }
 
+    void aCommandOfAKeyFindsTheTableWhereItIsSeen()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        QTest::keyClick(&shown.view, Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(table->position(), QPoint(800, 600));
+        // The move goes on, and Escape does not take back what the command saw.
+        shown.moveTo(start + QPoint(90, 30));
+        QTest::keyClick(&shown.view, Qt::Key_Escape);
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(800, 600));
+        shown.release(Qt::LeftButton, start + QPoint(90, 30));
+        QCOMPARE(table->position(), QPoint(800, 600));
+    }
+
     void aReleaseThatWentElsewhereLandsTheTable()
     {
         ShownPlan shown;
