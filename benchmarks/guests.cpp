@@ -16,20 +16,9 @@
 
 namespace {
 
-KWDocument &plan()
-{
-    return *openWindow->document();
-}
-
 KWGuestsListView &list()
 {
     return *openWindow->panes()->leftTab()->guestsView();
-}
-
-void settle()
-{
-    QApplication::processEvents();
-    QApplication::processEvents();
 }
 
 /// A plan of that many guests, all in the list and painted.

@@ -13,6 +13,17 @@
 
 KWMainWinImpl *openWindow = nullptr;
 
+KWDocument &plan()
+{
+    return *openWindow->document();
+}
+
+void settle()
+{
+    QApplication::processEvents();
+    QApplication::processEvents();
+}
+
 void planSizes(benchmark::internal::Benchmark *benchmark)
 {
     for (const int guests : {20, 100, 300, 600, 2000})
