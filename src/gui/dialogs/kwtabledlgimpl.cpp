@@ -332,8 +332,9 @@ void KWTableDlgImpl::editTable()
     if (KWMainWindow *window = mainWin())
         window->saveUndoState(tr("Edit table"));
     const auto [count1, count2, count3, count4] = counts();
-    // A name that was not touched stays as it is, with its blanks.
-    m_document->editTable(m_table, m_ui->m_nameLineEdit->isModified() ? name() : m_table->name(),
+    // A name that was not touched keeps what the field cannot show.
+    m_document->editTable(m_table,
+                          m_ui->m_nameLineEdit->isModified() ? name() : m_table->name().trimmed(),
                           shape(), count1, count2, count3, count4, m_ui->m_notesTextEdit->notes());
 }
 

@@ -5,7 +5,6 @@
 #include "kwfloorplanitem.h"
 #include "kwplacefinder.h"
 #include "kwroomgeometry.h"
-#include "kwtablegeometry.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -62,6 +61,9 @@ void KWCanvas::connectDocument()
     connect(m_document, &KWDocument::eventBeforeDeleteGuest, this, &KWCanvas::updateOnDeleteGuest);
     connect(m_document, &KWDocument::eventEditGuest, this, &KWCanvas::updateOnEditGuest);
     connect(m_document, &KWDocument::eventEditSeat, this, &KWCanvas::updateOnEditSeat);
+    // The marks of a group are those of its place in the plan.
+    connect(m_document, &KWDocument::eventGuestChangeGroup, this, &KWCanvas::updateOnEditGuest);
+    connect(m_document, &KWDocument::eventAfterDeleteGroup, this, &KWCanvas::repaintSeats);
     connect(m_document, &KWDocument::eventRefresh, this, &KWCanvas::updateOnRefresh);
     connect(m_document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvas::updateOnRefresh);
     connect(m_document, &KWDocument::eventClear, this, &KWCanvas::updateOnClear);
@@ -92,7 +94,7 @@ void KWCanvas::updateOnNewTable(KWTable *table)
 void KWCanvas::updateOnEditTable(KWTable *table)
 {
     if (KWTableCanvasViewItem *item = itemOfTable(table))
-        item->rebuildSeats();
+        item->follow();
 }
 
 void KWCanvas::updateOnDeleteTable(KWTable *table)
@@ -159,7 +161,13 @@ void KWCanvas::resizeToRoom()
         centres.append(item->pos());
     const QList<QPointF> squeezed = KWRoomGeometry::squeezed(centres, m_size);
     for (int i = 0; i < items.size(); ++i) {
-        const QPointF way = squeezed[i] - centres[i];
+        QPointF way = squeezed[i] - centres[i];
+        // A table wholly before the origin, where a file may have it, could never be reached.
+        const QPointF end = items[i]->area().bottomRight() + way;
+        if (end.x() < 0)
+            way.setX(-centres[i].x());
+        if (end.y() < 0)
+            way.setY(-centres[i].y());
         items[i]->moveBy(way.x(), way.y());
     }
     if (!m_room)
@@ -171,7 +179,8 @@ void KWCanvas::resizeToRoom()
 void KWCanvas::setSelected(QGraphicsItem *item)
 {
     for (QGraphicsItem *changed : {std::exchange(m_selected, item), item}) {
-        if (changed)
+        // The others look the same.
+        if (dynamic_cast<KWFloorPlanItem *>(changed))
             changed->update();
     }
 }

@@ -1,6 +1,5 @@
 #include "kwcanvasview.h"
 
-#include "kwbusy.h"
 #include "kwdocument.h"
 #include "kwdrag.h"
 #include "kwfloorplanitem.h"
@@ -39,15 +38,27 @@ KWCanvasView::KWCanvasView(QWidget *parent, KWDocument *document)
     setAcceptDrops(true);
     // Or a release that went elsewhere would be noticed late.
     viewport()->setMouseTracking(true);
+    languageChange();
+    scaleBy(startZoom);
+    connect(document, &KWDocument::eventClear, this, &KWCanvasView::updateOnClear);
+    connect(document, &KWDocument::eventRefresh, this, &KWCanvasView::updateOnRefresh);
+    connect(document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvasView::updateOnRefresh);
+}
+
+void KWCanvasView::languageChange()
+{
     setToolTip(tr("Floor plan pane"));
     setWhatsThis(
         tr("<b>Floor plan pane</b><br/>Displays an aerial view of table, seats and assigned "
            "guests. You can drag tables and drag guests between seats. Guests can be dragged to "
            "seats or tables from the <b>Guests</b> or <b>Groups</b> panes. "));
-    scaleBy(startZoom);
-    connect(document, &KWDocument::eventClear, this, &KWCanvasView::updateOnClear);
-    connect(document, &KWDocument::eventRefresh, this, &KWCanvasView::updateOnRefresh);
-    connect(document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvasView::updateOnRefresh);
+}
+
+void KWCanvasView::changeEvent(QEvent *event)
+{
+    QGraphicsView::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
 }
 
 void KWCanvasView::updateOnClear()
@@ -58,8 +69,7 @@ void KWCanvasView::updateOnClear()
 
 void KWCanvasView::updateOnRefresh()
 {
-    m_dragStarted = false;
-    m_movingTable = false;
+    updateOnClear();
 }
 
 KWTableCanvasViewItem *KWCanvasView::selectedTable() const
@@ -122,12 +132,15 @@ void KWCanvasView::moveTable(const QPointF &point)
     selectedTable()->moveBy(way.x(), way.y());
 }
 
-// Where a move of a table ends, the plan takes it over. There is no undo for it.
+// Where a move of a table ends, the plan takes it over, unless the table is back where it was: one
+// that was squeezed into the room keeps its place in the plan. There is no undo for it.
 void KWCanvasView::landTable()
 {
     const KWTableCanvasViewItem *item = selectedTable();
     if (std::exchange(m_movingTable, false) && item) {
         const QPoint place = item->pos().toPoint();
+        if (place == m_tableStart.toPoint())
+            return;
         document()->moveTable(item->table(), place.x(), place.y());
         m_tableStart = item->pos();
         // Once, where the move of each pixel says nothing: it belongs into the next backup.
@@ -178,11 +191,17 @@ void KWCanvasView::mouseReleaseEvent(QMouseEvent *event)
         openContextMenu(QCursor::pos());
 }
 
+// Of whichever view is active: a drop seats guests that a list has selected.
 void KWCanvasView::updateCommands()
 {
-    KWMainWindow *window = mainWin();
-    if (window && window->activeView() == this)
+    if (KWMainWindow *window = mainWin())
         window->updateActionsOnViewChange();
+}
+
+void KWCanvasView::focusInEvent(QFocusEvent *event)
+{
+    QGraphicsView::focusInEvent(event);
+    setThisViewActive();
 }
 
 // What comes up meanwhile, such as a dialog, may keep the release for itself.
@@ -216,8 +235,13 @@ void KWCanvasView::openContextMenu(const QPoint &place)
 void KWCanvasView::contextMenuEvent(QContextMenuEvent *event)
 {
     // The mouse opens it at the release.
-    if (event->reason() == QContextMenuEvent::Keyboard && m_canvas.selected())
-        openContextMenu(viewport()->mapToGlobal(mapFromScene(m_canvas.selected()->pos())));
+    if (event->reason() != QContextMenuEvent::Keyboard || !m_canvas.selected())
+        return;
+    setThisViewActive();
+    const QPoint place = mapFromScene(m_canvas.selected()->pos());
+    const QRect seen = viewport()->rect();
+    openContextMenu(viewport()->mapToGlobal(QPoint(qBound(seen.left(), place.x(), seen.right()),
+                                                   qBound(seen.top(), place.y(), seen.bottom()))));
 }
 
 void KWCanvasView::mouseDoubleClickEvent(QMouseEvent *event)
@@ -279,9 +303,12 @@ void KWCanvasView::dropEvent(QDropEvent *event)
         taken = dropOnTable(guests, table->table(), table->table()->firstSeatOfLargestGap());
     else if (!item)
         taken = dropOutside(guests);
-    event->setAccepted(taken);
-    if (taken)
+    if (taken) {
         event->acceptProposedAction();
+    } else {
+        event->setDropAction(Qt::IgnoreAction);
+        event->ignore();
+    }
 }
 
 bool KWCanvasView::dropOnTable(const QList<KWGuest *> &guests, KWTable *table, int start)

@@ -32,7 +32,7 @@ public:
     bool canZoomIn() const;
     bool canZoomOut() const;
 
-    /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers; a change of the plan.
+    /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers.
     void setNameOrder(int order);
     /// Finds a free place for a table that has just been made, near where it stands.
     void placeNewTable(KWTable *table);
@@ -78,8 +78,10 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -90,6 +92,7 @@ private:
     KWSeatCanvasViewItem *selectedSeat() const;
     /// The guest on the selected seat, or null.
     KWGuest *selectedGuest() const;
+    void languageChange();
     void setThisViewActive();
     void moveTable(const QPointF &point);
     void putTableBack();
@@ -112,4 +115,7 @@ private:
     QPointF m_tableStart;
     bool m_movingTable = false;
     bool m_dragStarted = false;
+    /// What Ctrl and the wheel have turned towards the next step of the zoom, in eighths of a
+    /// degree.
+    int m_wheelTurn = 0;
 };

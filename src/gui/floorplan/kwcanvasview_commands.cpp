@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QScrollBar>
 #include <QStyle>
 #include <QWheelEvent>
 
@@ -18,6 +17,8 @@ constexpr double highestZoom = 3;
 constexpr double zoomStep = 1.3;
 constexpr double zoomStepBack = 0.769231;
 constexpr double copyMargin = 0.05;
+/// Of the wheel, in eighths of a degree.
+constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
 
 bool hasGuests(const KWTable &table)
 {
@@ -149,6 +150,8 @@ void KWCanvasView::showTable(KWTable *table)
         return;
     landTable();
     m_canvas.setSelected(item);
+    if (!isVisible())
+        return;
     ensureVisible(item);
     setFocus();
     setThisViewActive();
@@ -157,7 +160,6 @@ void KWCanvasView::showTable(KWTable *table)
 void KWCanvasView::setNameOrder(int order)
 {
     m_canvas.setNameOrder(order);
-    markModified();
 }
 
 void KWCanvasView::scaleBy(double factor)
@@ -227,13 +229,22 @@ bool KWCanvasView::canZoomOut() const
 void KWCanvasView::wheelEvent(QWheelEvent *event)
 {
     if (!(event->modifiers() & Qt::ControlModifier)) {
+        m_wheelTurn = 0;
         QGraphicsView::wheelEvent(event);
         return;
     }
-    const int turn = event->angleDelta().y();
-    if (turn > 0 && canZoomIn())
-        zoomIn();
-    else if (turn < 0 && canZoomOut())
-        zoomOut();
     event->accept();
+    const int turn = event->angleDelta().y();
+    if ((turn < 0) != (m_wheelTurn < 0))
+        m_wheelTurn = 0;
+    m_wheelTurn += turn;
+    // A fine wheel or a touchpad sends parts of a notch.
+    for (; m_wheelTurn >= notch; m_wheelTurn -= notch) {
+        if (canZoomIn())
+            zoomIn();
+    }
+    for (; m_wheelTurn <= -notch; m_wheelTurn += notch) {
+        if (canZoomOut())
+            zoomOut();
+    }
 }

@@ -69,6 +69,12 @@ KWGuest *KWSeatCanvasViewItem::guest() const
     return guest;
 }
 
+void KWSeatCanvasViewItem::follow()
+{
+    if (guest() != m_painted)
+        update();
+}
+
 QString KWSeatCanvasViewItem::tipText(int nameOrder) const
 {
     return KWFloorPlanText::seatTip(*m_table, m_seat, nameOrder);
@@ -84,6 +90,7 @@ void KWSeatCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
 {
     constexpr double childFactor = 0.67;
     const KWGuest *occupant = guest();
+    m_painted = occupant;
     double diameter = KWTableGeometry::seatSize;
     if (KWCanvas::display().showAge && occupant && occupant->age() == KWGuest::Child)
         diameter *= childFactor;
@@ -157,6 +164,7 @@ void KWSeatCanvasViewItem::paintText(QPainter *painter, double diameter) const
 KWTableCanvasViewItem::KWTableCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table)
     : KWFloorPlanItem(document)
     , m_table(table)
+    , m_geometry(*table)
 {
     setZValue(tableDepth);
     setPos(table->position());
@@ -187,17 +195,28 @@ void KWTableCanvasViewItem::deleteSeats()
     m_seats.clear();
 }
 
+void KWTableCanvasViewItem::follow()
+{
+    if (KWTableGeometry(*m_table) != m_geometry) {
+        rebuildSeats();
+        return;
+    }
+    for (KWSeatCanvasViewItem *seat : m_seats)
+        seat->follow();
+    if (m_table->name() != m_paintedName)
+        update();
+}
+
 void KWTableCanvasViewItem::rebuildSeats()
 {
     const auto *selected = qgraphicsitem_cast<KWSeatCanvasViewItem *>(canvas()->selected());
     const int selectedSeat = selected && selected->table() == m_table ? selected->seat() : -1;
     deleteSeats();
     prepareGeometryChange();
-    const KWTableGeometry geometry(*m_table);
-    m_size = geometry.size();
-    m_area = m_size.isEmpty() ? QRectF() : geometry.area({});
+    m_geometry = KWTableGeometry(*m_table);
+    m_area = m_geometry.area({});
     int seat = 0;
-    for (const QPointF &centre : geometry.seatCentres(pos()))
+    for (const QPointF &centre : m_geometry.seatCentres(pos()))
         m_seats.push_back(new KWSeatCanvasViewItem(canvas(), document(), m_table, seat++, centre));
     if (seatItem(selectedSeat))
         canvas()->setSelected(seatItem(selectedSeat));
@@ -223,27 +242,29 @@ QRectF KWTableCanvasViewItem::areaPoints() const
 
 void KWTableCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    if (m_size.isEmpty())
+    const QSizeF size = m_geometry.size();
+    m_paintedName = m_table->name();
+    if (size.isEmpty())
         return;
     const KWDocument &plan = *document();
     painter->setBrush(plan.floorplanColourTables());
     painter->setPen(isMarked() ? QPen(canvas()->selectionColour(), markedWidth)
                                : QPen(plan.floorplanColourTablesEdge()));
-    const QRectF body(-m_size.width() / 2.0, -m_size.height() / 2.0, m_size.width(),
-                      m_size.height());
+    const QRectF body(QPointF(-size.width() / 2, -size.height() / 2), size);
     if (m_table->shape() == KWTable::Circular)
         painter->drawEllipse(body);
     else
         painter->drawRect(body);
     painter->setFont(canvasFont(plan));
     painter->setPen(isMarked() ? canvas()->selectionColour() : plan.floorplanColourTableText());
-    painter->drawText(body, Qt::AlignCenter, KWFloorPlanText::wrapped(m_table->name()));
+    painter->drawText(body, Qt::AlignCenter, KWFloorPlanText::wrapped(m_paintedName));
 }
 
 KWRoomCanvasViewItem::KWRoomCanvasViewItem(KWCanvas *canvas)
     : m_canvas(canvas)
 {
     setZValue(roomDepth);
+    setPen(Qt::NoPen);
     canvas->addItem(this);
 }
 

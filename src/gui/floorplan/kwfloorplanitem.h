@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kwtablegeometry.h"
+
 #include <QGraphicsItem>
 
 class KWCanvas;
@@ -22,7 +24,7 @@ public:
     /// Where it is hit, in canvas units.
     QRectF area() const { return areaPoints().translated(pos()); }
 
-    /// With room for the line around a selected seat.
+    /// The area with room for the line around a selected seat.
     QRectF boundingRect() const override { return areaPoints().adjusted(-1, -1, 1, 1); }
     QPainterPath shape() const override;
 
@@ -52,6 +54,8 @@ public:
     int seat() const { return m_seat; }
     /// Null for an empty seat.
     KWGuest *guest() const;
+    /// Repaints the seat if somebody else sits there than was painted last.
+    void follow();
 
     int type() const override { return Type; }
     QString tipText(int nameOrder) const override;
@@ -68,6 +72,8 @@ private:
 
     KWTable *m_table;
     int m_seat;
+    /// Only to be compared: the guest may be gone.
+    const KWGuest *m_painted = nullptr;
 };
 
 /// A table, which takes its seats along where it is moved.
@@ -85,9 +91,12 @@ public:
     /// Null for a seat that does not exist.
     KWSeatCanvasViewItem *seatItem(int seat) const;
     const std::vector<KWSeatCanvasViewItem *> &seatItems() const { return m_seats; }
-    /// Follows a table that has changed its shape or its seats. Its centre stays, and so does a
-    /// selected seat if there still is one of its number.
+    /// Makes all seats anew. The centre of the table stays, and so does a selected seat if there
+    /// still is one of its number.
     void rebuildSeats();
+    /// Rebuilds the seats of a table that has another shape or other seats now; of any other,
+    /// repaints what is not as it was.
+    void follow();
     /// Moves the item and its seats, not the table of the plan.
     void moveBy(double dx, double dy);
 
@@ -102,8 +111,9 @@ private:
     void deleteSeats();
 
     KWTable *m_table;
-    QSize m_size;
+    KWTableGeometry m_geometry;
     QRectF m_area;
+    QString m_paintedName;
     std::vector<KWSeatCanvasViewItem *> m_seats;
 };
 

@@ -21,6 +21,8 @@ public:
     /// The counts mean what they mean to KWTable's constructor, and are bounded as there.
     KWTableGeometry(int shape, int count1, int count2, int count3, int count4);
 
+    bool operator==(const KWTableGeometry &) const = default;
+
     /// The body of the table, without its seats.
     QSize size() const;
     /// The centres of the seats of a table that stands at `centre`, in seat order. There are

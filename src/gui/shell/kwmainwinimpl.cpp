@@ -138,11 +138,10 @@ void KWMainWinImpl::setModelHooks()
 
 void KWMainWinImpl::disableUnbuiltCommands()
 {
-    for (QAction *action :
-         {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction, m_ui->m_exportDataAction,
-          m_ui->m_exportTableChartAction, m_ui->m_exportGuestChartAction,
-          m_ui->m_insertNewGuestCoupleAction, m_ui->m_insertNewFamilyGuestAction,
-          m_ui->m_insertNewFriendsAction})
+    for (QAction *action : {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction,
+                            m_ui->m_exportDataAction, m_ui->m_exportTableChartAction,
+                            m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
+                            m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction})
         action->setEnabled(false);
 }
 

@@ -143,7 +143,7 @@ void TestKWTableDlgEdit::textsThatTheFieldsWouldChangeStayIfTheyAreNotTouched()
     TableDialog dialog(nullptr, m_plan, table);
     TableDialog::type(dialog.total, 9);
     dialog.accept();
-    QCOMPARE(facts(*table), s(" Top\ntable |0|0 0 0 0|9|ten\u00a0\u20ac\r\neach"));
+    QCOMPARE(facts(*table), s("Top\ntable|0|0 0 0 0|9|ten\u00a0\u20ac\r\neach"));
 }
 
 void TestKWTableDlgEdit::blanksAroundATypedNameAreStripped()

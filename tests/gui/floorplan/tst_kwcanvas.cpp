@@ -1,7 +1,6 @@
 #include "guitest.h"
 #include "kwcanvas.h"
 #include "kwfloorplanitem.h"
-#include "kwfloorplantext.h"
 #include "testplan.h"
 
 #include <QGraphicsView>
@@ -346,6 +345,77 @@ private slots:
         QCOMPARE(shown.painted(edge), shown.plan.floorplanColourInside());
     }
 
+    void theMarksOfAGroupFollowItsGuestsAndItsPlace()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        KWGroup *first = shown.plan.addGroup({}, s("F"), {});
+        KWGroup *second = shown.plan.addGroup({}, s("S"), {});
+        KWGuest *guest = shown.seat({""}, table, 0, first);
+        shown.canvas.showGroups(true);
+        QGraphicsView view(&shown.canvas);
+        view.resize(2100, 1700);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        const QPoint edge(500, 265);
+        const auto seen = [&] { return view.grab().toImage().pixelColor(view.mapFromScene(edge)); };
+        QCOMPARE(seen(), QColor(255, 0, 0));
+        int changes = 0;
+        connect(&shown.canvas, &QGraphicsScene::changed, this, [&changes] { ++changes; });
+        shown.plan.moveGuestToGroup(second, guest);
+        QTRY_VERIFY(changes > 0);
+        QCOMPARE(seen(), QColor(0, 255, 0));
+        changes = 0;
+        shown.plan.deleteGroup(first, true);
+        QTRY_VERIFY(changes > 0);
+        QCOMPARE(seen(), QColor(255, 0, 0));
+    }
+
+    void eachPartHasItsColour_data()
+    {
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<QColor>("colour");
+        // A head table of 2 seats: its body is 200 by 100 about its centre.
+        QTest::newRow("inside") << 900.0 << 900.0 << QColor(10, 0, 0);
+        QTest::newRow("outside") << 2050.0 << 50.0 << QColor(20, 0, 0);
+        QTest::newRow("table") << 420.0 << 370.0 << QColor(30, 0, 0);
+        QTest::newRow("table's edge") << 400.0 << 400.0 << QColor(40, 0, 0);
+        QTest::newRow("table's text") << 500.0 << 400.0 << QColor(50, 0, 0);
+        QTest::newRow("seat") << 415.0 << 300.0 << QColor(60, 0, 0);
+        QTest::newRow("seat's edge") << 400.0 << 300.0 << QColor(70, 0, 0);
+        QTest::newRow("seat's text") << 450.0 << 300.0 << QColor(80, 0, 0);
+        QTest::newRow("selected table's edge") << 799.5 << 400.0 << QColor(90, 0, 0);
+        QTest::newRow("selected table's text") << 900.0 << 400.0 << QColor(90, 0, 0);
+    }
+
+    void eachPartHasItsColour()
+    {
+        QFETCH(double, x);
+        QFETCH(double, y);
+        Plan shown;
+        shown.plan.setFloorplanColourInside(QColor(10, 0, 0));
+        shown.plan.setFloorplanColourOutside(QColor(20, 0, 0));
+        shown.plan.setFloorplanColourTables(QColor(30, 0, 0));
+        shown.plan.setFloorplanColourTablesEdge(QColor(40, 0, 0));
+        shown.plan.setFloorplanColourTableText(QColor(50, 0, 0));
+        shown.plan.setFloorplanColourSeats(QColor(60, 0, 0));
+        shown.plan.setFloorplanColourSeatsEdge(QColor(70, 0, 0));
+        shown.plan.setFloorplanColourSeatsText(QColor(80, 0, 0));
+        shown.plan.setFloorplanColourSelected(QColor(90, 0, 0));
+        // A letter that fills the middle of its place.
+        QFont large = shown.plan.floorPlanFont();
+        large.setPixelSize(60);
+        shown.plan.setFloorPlanFont(large);
+        KWTable *table = shown.table("\u2588", KWTable::HeadTop, 2, {500, 400});
+        KWTable *other = shown.table("\u2588", KWTable::HeadTop, 2, {900, 400});
+        shown.seat({"\u2588"}, table, 0);
+        shown.plan.announceRefresh();
+        shown.canvas.setSelected(shown.canvas.itemOfTable(other));
+        const QColor colour = shown.painted({x, y});
+        QTEST(colour, "colour");
+    }
+
     void hiddenSeatsArePaintedInTheColourOfTheRoomAndAreStillHit()
     {
         Plan shown;
@@ -371,6 +441,97 @@ private slots:
         QCOMPARE(shown.painted(edge), QColor(9, 8, 7));
         shown.canvas.displaySeats(KWCanvas::NameOnly);
         QCOMPARE(shown.painted(edge), shown.plan.floorplanColourInside());
+        // Only the text does then.
+        QFont large = shown.plan.floorPlanFont();
+        large.setPixelSize(60);
+        shown.plan.setFloorPlanFont(large);
+        shown.seat({"\u2588"}, table, 0);
+        QCOMPARE(shown.painted(seat->pos()), QColor(9, 8, 7));
+    }
+
+    void aLockedVipChildInAGroupShowsItAllInASmallCircle()
+    {
+        Plan shown;
+        shown.plan.setFloorplanColourInside(Qt::white);
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        for (int i = 0; i < 19; ++i)
+            shown.plan.addGroup({}, s("G"), {});
+        KWGuest *guest = shown.seat({"", KWGuest::Undefined, true, true, KWGuest::Child}, table, 0,
+                                    shown.plan.groupAt(18));
+        shown.canvas.showAge(true);
+        shown.canvas.showGroups(true);
+        const QRectF seat = shown.canvas.itemOfSeat(table, 0)->area();
+        const auto picture = [&] {
+            QImage image(100, 100, QImage::Format_RGB32);
+            QPainter painter(&image);
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            shown.canvas.render(&painter, QRectF(0, 0, 100, 100), seat);
+            return image;
+        };
+        // A circle of 67 in the outer colour, one of 33 in the inner, the rest the floor's.
+        const QImage bare = picture();
+        QCOMPARE(bare.pixelColor(50, 18), QColor(0, 0, 255));
+        QCOMPARE(bare.pixelColor(50, 14), QColor(Qt::white));
+        QCOMPARE(bare.pixelColor(50, 36), QColor(0, 255, 0));
+        QCOMPARE(bare.pixelColor(50, 31), QColor(0, 0, 255));
+        const auto changed = [](const QImage &before, const QImage &after) {
+            QRegion region;
+            for (int y = 0; y < after.height(); ++y) {
+                for (int x = 0; x < after.width(); ++x) {
+                    if (before.pixel(x, y) != after.pixel(x, y))
+                        region += QRect(x, y, 1, 1);
+                }
+            }
+            return region;
+        };
+        // 63 wide and 67 high, from 18.5 and 13.5.
+        const QRect place(18, 13, 64, 68);
+        shown.canvas.showLocked(true);
+        const QImage locked = picture();
+        QVERIFY(!changed(bare, locked).isEmpty());
+        QVERIFY(place.contains(changed(bare, locked).boundingRect()));
+        shown.canvas.showVIP(true);
+        const QImage both = picture();
+        QVERIFY(!changed(locked, both).isEmpty());
+        QVERIFY(place.contains(changed(locked, both).boundingRect()));
+        // The VIP's lies over the lock: where it covers the seat alone, it does so with it, too.
+        shown.canvas.showLocked(false);
+        const QImage vip = picture();
+        int covered = 0;
+        for (int y = 0; y < 100; ++y) {
+            for (int x = 0; x < 100; ++x) {
+                const bool lockIsHidden = bare.pixel(x, y) != locked.pixel(x, y) &&
+                                          both.pixel(x, y) == vip.pixel(x, y) &&
+                                          both.pixel(x, y) != bare.pixel(x, y);
+                covered += lockIsHidden ? 1 : 0;
+            }
+        }
+        QVERIFY(covered > 0);
+        QVERIFY(guest->isVip());
+    }
+
+    void aTableBeforeTheOriginIsBroughtToTheEdge()
+    {
+        Plan shown;
+        KWTable *far = shown.table("F", KWTable::HeadTop, 2, {-2000000000, 400});
+        KWTable *near = shown.table("N", KWTable::HeadTop, 2, {-90, -500});
+        shown.plan.announceRefresh();
+        QCOMPARE(shown.canvas.itemOfTable(far)->pos(), QPointF(0, 400));
+        QCOMPARE(shown.canvas.itemOfTable(near)->pos(), QPointF(-90, 0));
+        QCOMPARE(far->position(), QPoint(-2000000000, 400));
+    }
+
+    void aSelectedRoomIsNotRepainted()
+    {
+        Plan shown;
+        bool changed = false;
+        connect(&shown.canvas, &QGraphicsScene::changed, this, [&changed] { changed = true; });
+        QTRY_VERIFY(changed);
+        changed = false;
+        shown.canvas.setSelected(shown.canvas.itemAtPoint({900, 900}));
+        QCoreApplication::processEvents();
+        QVERIFY(!changed);
+        QCOMPARE(shown.canvas.itemAtPoint({-0.4, 100}), nullptr);
     }
 
     void locksAndVipsAreMarked()
@@ -405,19 +566,52 @@ private slots:
         view.show();
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         QCoreApplication::processEvents();
+        view.centerOn(700, 400);
+        view.viewport()->repaint();
         QRectF repainted;
         connect(&shown.canvas, &QGraphicsScene::changed, this, [&](const QList<QRectF> &regions) {
             for (const QRectF &region : regions)
                 repainted |= region;
         });
-        emit shown.plan.eventEditSeat(table, 2);
+        const auto onlySeat = [&](int seat) {
+            const QRectF rect = shown.canvas.itemOfSeat(table, seat)->sceneBoundingRect();
+            return rect.adjusted(-3, -3, 3, 3).contains(std::exchange(repainted, QRectF()));
+        };
+        const KWSeatCanvasViewItem *item = shown.canvas.itemOfSeat(table, 2);
+        shown.plan.assignGuest(guest, table, 2, true);
         QTRY_VERIFY(!repainted.isEmpty());
-        QVERIFY(shown.canvas.itemOfSeat(table, 2)
-                    ->sceneBoundingRect()
-                    .adjusted(-3, -3, 3, 3)
-                    .contains(repainted));
-        shown.plan.assignGuest(guest, table, 4, false);
-        QVERIFY(shown.canvas.itemOfGuest(guest));
+        QVERIFY(onlySeat(2));
+        QCOMPARE(shown.canvas.itemOfGuest(guest), item);
+        shown.plan.unassignGuest(guest, true);
+        QTRY_VERIFY(!repainted.isEmpty());
+        QVERIFY(onlySeat(2));
+    }
+
+    void aTurnedTableOfTheSameShapeRepaintsTheSeatsThatChange()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 6, {700, 400});
+        shown.plan.assignGuest(addGuest(shown.plan, {"A"}), table, 0, false);
+        QGraphicsView view(&shown.canvas);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QCoreApplication::processEvents();
+        view.centerOn(700, 400);
+        view.viewport()->repaint();
+        QRegion repainted;
+        connect(&shown.canvas, &QGraphicsScene::changed, this, [&](const QList<QRectF> &regions) {
+            for (const QRectF &region : regions)
+                repainted += region.toAlignedRect();
+        });
+        shown.plan.rotateTable(table);
+        const auto isRepainted = [&](int seat) {
+            return repainted.contains(shown.canvas.itemOfSeat(table, seat)->pos().toPoint());
+        };
+        QTRY_VERIFY(isRepainted(0) && isRepainted(1));
+        QVERIFY(!isRepainted(3));
+        repainted = {};
+        shown.plan.setTableName(table, s("U"));
+        QTRY_VERIFY(repainted.contains(QPoint(700, 400)));
     }
 
     void thePictureHoldsAllTablesWithTheMarginOnTheColourOfTheRoom()

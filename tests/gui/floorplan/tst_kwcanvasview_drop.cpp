@@ -64,6 +64,8 @@ private slots:
         QVERIFY(shown.drop({shown.eve}, shown.placeOf(shown.t, 2)));
         QCOMPARE(seating(*shown.t), s("Ann Bob Eve"));
         QCOMPARE(shown.window.undoLabels, QStringList{s("Drag guest(s)")});
+        // The list, whose guest it was, may be the active view.
+        QCOMPARE(shown.window.viewUpdates, 1);
         QCOMPARE(log.take().count(s("eventScoreChange()")), 1);
     }
 
@@ -72,9 +74,11 @@ private slots:
         DropPlan shown;
         KWTable *u = shown.table("U", KWTable::Circular, 3, {600, 1200});
         shown.plan.assignGuest(shown.eve, u, 2, false);
+        const int seated = shown.plan.seatedGuestCount();
         QVERIFY(shown.drop({shown.eve}, shown.placeOf(shown.t, 0)));
         QCOMPARE(seating(*shown.t), s("Eve Bob -"));
         QCOMPARE(seating(*u), s("- - Ann"));
+        QCOMPARE(shown.plan.seatedGuestCount(), seated);
     }
 
     void anUnseatedGuestDroppedOnAnOccupiedSeatTurnsTheOtherOut()
@@ -134,6 +138,16 @@ private slots:
         QVERIFY(shown.drop({shown.ann, shown.eve}, shown.outside()));
         QVERIFY(!shown.plan.findGuest(shown.ann));
         QCOMPARE(shown.window.undoLabels, QStringList{s("Drag guest(s)")});
+    }
+
+    void aSeatThatIsNotPaintedTakesADrop()
+    {
+        DropPlan shown;
+        shown.canvas.displaySeats(KWCanvas::None);
+        const bool taken = shown.drop({shown.eve}, shown.placeOf(shown.t, 2));
+        shown.canvas.displaySeats(KWCanvas::CircularName);
+        QVERIFY(taken);
+        QCOMPARE(seating(*shown.t), s("Ann Bob Eve"));
     }
 
     void aDropOnTheFloorIsRefused()

@@ -1,3 +1,4 @@
+#include "eventlog.h"
 #include "shownplan.h"
 
 #include <QMenu>
@@ -134,6 +135,41 @@ private slots:
         QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(800, 600));
         shown.release(Qt::LeftButton, start + QPoint(90, 30));
         QCOMPARE(table->position(), QPoint(800, 600));
+    }
+
+    void aTableThatComesBackToItsPlaceChangesNothing()
+    {
+        ShownPlan shown;
+        // Squeezed into the room, but not in the plan.
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {3000, 500});
+        shown.canvas.resizeToRoom();
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(2000, 500));
+        shown.plan.setModified(false);
+        EventLog log(shown.plan);
+        const QPoint start = shown.placeOf(QPointF(1950, 500));
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start);
+        shown.moveTo(start - QPoint(20, 0));
+        shown.moveTo(start);
+        shown.release(Qt::LeftButton, start);
+        QCOMPARE(table->position(), QPoint(3000, 500));
+        QVERIFY(!shown.plan.isModified());
+        QCOMPARE(log.take(), QStringList());
+    }
+
+    void aTableLandsWhereTheFocusGoesAndEscapeKeepsItThere()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        QFocusEvent out(QEvent::FocusOut);
+        QCoreApplication::sendEvent(&shown.view, &out);
+        QCOMPARE(table->position(), QPoint(800, 600));
+        shown.moveTo(start + QPoint(90, 30));
+        QTest::keyClick(&shown.view, Qt::Key_Escape);
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(800, 600));
     }
 
     void aReleaseThatWentElsewhereLandsTheTable()

@@ -123,9 +123,8 @@ bool isUnbuilt(const QString &name)
     static const QStringList names{
         s("m_fileAutoLayoutAction"),       s("m_importDataAction"),
         s("m_exportDataAction"),           s("m_exportTableChartAction"),
-        s("m_exportGuestChartAction"),
-        s("m_insertNewGuestCoupleAction"), s("m_insertNewFamilyGuestAction"),
-        s("m_insertNewFriendsAction")};
+        s("m_exportGuestChartAction"),     s("m_insertNewGuestCoupleAction"),
+        s("m_insertNewFamilyGuestAction"), s("m_insertNewFriendsAction")};
     return names.contains(name);
 }
 } // namespace

@@ -1,11 +1,15 @@
 #include "kwcanvasview.h"
+#include "kwdrag.h"
 #include "kwfloorplanitem.h"
+#include "kwguestslistview.h"
+#include "kwlefttab.h"
 #include "kwtabledlgimpl.h"
 #include "modaluser.h"
 #include "openwindow.h"
 #include "testplan.h"
 
 #include <QLineEdit>
+#include <QMouseEvent>
 
 // The main window as dialogs for tables use it.
 
@@ -65,6 +69,49 @@ private slots:
         QCOMPARE(open.action("m_editUndoAction")->text(), s("&Undo New table(s)"));
         open.run("m_editUndoAction");
         QCOMPARE(open.plan().tableCount(), 0);
+    }
+
+    void movingATableAndPressingUndoDoesNotBringItBack()
+    {
+        OpenWindow open;
+        KWTable *table = addTable(open.plan(), "Top", KWTable::Circular, 8);
+        open.plan().moveTable(table, 600, 500);
+        open.plan().announceRefresh();
+        KWCanvasView *view = open.window.panes()->floorPlan();
+        const auto placeOf = [view](const QPointF &point) { return view->mapFromScene(point); };
+        QTest::mousePress(view->viewport(), Qt::LeftButton, {}, placeOf({600, 500}));
+        const QPoint target = placeOf({900, 800});
+        QMouseEvent move(QEvent::MouseMove, target, view->viewport()->mapToGlobal(target),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(view->viewport(), &move);
+        QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, target);
+        const QPoint moved = table->position();
+        QVERIFY(moved != QPoint(600, 500));
+        QVERIFY(!open.action("m_editUndoAction")->isEnabled());
+    }
+
+    void aGuestDroppedFromTheListHasTheCommandsOfASeatedGuestAtOnce()
+    {
+        OpenWindow open;
+        KWGuest *ann = addGuest(open.plan(), {"Ann"});
+        KWTable *table = addTable(open.plan(), "Top", KWTable::Circular, 8);
+        open.plan().moveTable(table, 600, 500);
+        open.plan().announceRefresh();
+        KWGuestsListView *list = open.window.panes()->leftTab()->guestsView();
+        list->setCurrentItem(list->topLevelItem(0));
+        list->setThisViewActive();
+        QVERIFY(!open.action("m_editUnassignSeatAction")->isEnabled());
+        KWCanvasView *view = open.window.panes()->floorPlan();
+        const QPoint place = view->mapFromScene(view->canvas()->itemOfSeat(table, 2)->pos());
+        const std::unique_ptr<KWDrag> drag(new KWDrag(&open.plan(), {ann}, view->viewport()));
+        QDragEnterEvent enter(place, Qt::MoveAction, drag->mimeData(), Qt::LeftButton, {});
+        QCoreApplication::sendEvent(view->viewport(), &enter);
+        QDropEvent drop(place, Qt::MoveAction, drag->mimeData(), Qt::LeftButton, {});
+        QCoreApplication::sendEvent(view->viewport(), &drop);
+        QVERIFY(open.plan().findGuest(ann));
+        QCOMPARE(open.window.activeView(), list);
+        QVERIFY(open.action("m_editUnassignSeatAction")->isEnabled());
+        QVERIFY(open.action("m_showGuestInPlanAction")->isEnabled());
     }
 
     void eachInsertCommandOpensTheDialogOfItsShape_data()

@@ -245,5 +245,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestExportFloorPlan)
+GUI_TEST_MAIN(TestExportFloorPlan)
 #include "tst_exportfloorplan.moc"
