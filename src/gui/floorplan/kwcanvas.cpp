@@ -386,6 +386,19 @@ QRectF KWCanvas::boundsForAspect(double margin, double ratio) const
     return KWRoomGeometry::withAspect(itemBounds(margin), ratio);
 }
 
+void KWCanvas::paint(QPainter *painter, const QRectF &target, const QRectF &bounds)
+{
+    painter->fillRect(target, m_document->floorplanColourInside());
+    painter->setRenderHint(QPainter::Antialiasing);
+    // Not on the colour around the room, which the scene would paint over it.
+    const QBrush outside = backgroundBrush();
+    setBackgroundBrush(Qt::NoBrush);
+    QGraphicsItem *selected = std::exchange(m_selected, nullptr);
+    render(painter, target, bounds, Qt::IgnoreAspectRatio);
+    m_selected = selected;
+    setBackgroundBrush(outside);
+}
+
 QPixmap KWCanvas::renderToPixmap(double margin)
 {
     constexpr double leastScale = 0.01;
@@ -399,13 +412,7 @@ QPixmap KWCanvas::renderToPixmap(double margin)
     }
     if (pixmap.isNull())
         return pixmap;
-    pixmap.fill(m_document->floorplanColourInside());
     QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    // Not on the colour around the room, which the scene would paint over it.
-    const QBrush outside = backgroundBrush();
-    setBackgroundBrush(Qt::NoBrush);
-    render(&painter, QRectF(QPointF(), QSizeF(pixmap.size())), bounds, Qt::IgnoreAspectRatio);
-    setBackgroundBrush(outside);
+    paint(&painter, QRectF(QPointF(), QSizeF(pixmap.size())), bounds);
     return pixmap;
 }

@@ -74,6 +74,9 @@ public:
     QRectF itemBounds(double margin) const;
     /// The same, widened or heightened to a ratio of width to height.
     QRectF boundsForAspect(double margin, double ratio) const;
+    /// Draws what lies in `bounds` into `target`, on the colour of the room and without the
+    /// selection.
+    void paint(QPainter *painter, const QRectF &target, const QRectF &bounds);
     /// Draws the items with that margin on the colour of the room. Where there is no memory for
     /// it, at half the size, and so on; null if there is not even for a hundredth.
     QPixmap renderToPixmap(double margin);

@@ -8,6 +8,7 @@
 
 #include <QFont>
 #include <QPainter>
+#include <QSvgRenderer>
 
 namespace {
 
@@ -26,6 +27,21 @@ QFont canvasFont(const KWDocument &document)
     const double units = points > 0 ? points * unitsPerPoint : font.pixelSize();
     font.setPixelSize(qBound(1, qRound(units), largest));
     return font;
+}
+
+/// The marks for pictures and paper. On the screen pixmaps are quicker, but coarse when enlarged.
+struct MarkDrawings
+{
+    QSvgRenderer locked{QStringLiteral(":/icons/locked.svg")};
+    QSvgRenderer vip{QStringLiteral(":/icons/vip.svg")};
+};
+
+MarkDrawings &markDrawings()
+{
+    initAppearanceResources();
+    // Never deleted: at the time of static destructors there is no application any more.
+    static auto &drawings = *new MarkDrawings;
+    return drawings;
 }
 } // namespace
 
@@ -86,7 +102,8 @@ QRectF KWSeatCanvasViewItem::areaPoints() const
     return {-half, -half, 2 * half, 2 * half};
 }
 
-void KWSeatCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+void KWSeatCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *,
+                                 QWidget *widget)
 {
     constexpr double childFactor = 0.67;
     const KWGuest *occupant = guest();
@@ -96,7 +113,7 @@ void KWSeatCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
         diameter *= childFactor;
     paintCircle(painter, occupant, diameter);
     if (occupant)
-        paintMarks(painter, occupant, diameter);
+        paintMarks(painter, occupant, diameter, widget != nullptr);
     if (KWCanvas::display().showsText())
         paintText(painter, diameter);
 }
@@ -128,8 +145,8 @@ void KWSeatCanvasViewItem::paintCircle(QPainter *painter, const KWGuest *guest,
     painter->drawEllipse(QPointF(), diameter / 2, diameter / 2);
 }
 
-void KWSeatCanvasViewItem::paintMarks(QPainter *painter, const KWGuest *guest,
-                                      double diameter) const
+void KWSeatCanvasViewItem::paintMarks(QPainter *painter, const KWGuest *guest, double diameter,
+                                      bool onScreen) const
 {
     const KWCanvas::Display &display = KWCanvas::display();
     if (display.showGroups && guest->group()) {
@@ -139,13 +156,16 @@ void KWSeatCanvasViewItem::paintMarks(QPainter *painter, const KWGuest *guest,
         painter->drawEllipse(QPointF(), diameter / 4, diameter / 4);
     }
     const QRectF place(-diameter / 2 + 2, -diameter / 2 - 3, diameter - 4, diameter);
-    const auto draw = [painter, &place](const QPixmap &mark) {
-        painter->drawPixmap(place, mark, QRectF(mark.rect()));
+    const auto draw = [&](const QPixmap &pixmap, QSvgRenderer &drawing) {
+        if (onScreen)
+            painter->drawPixmap(place, pixmap, QRectF(pixmap.rect()));
+        else
+            drawing.render(painter, place);
     };
     if (display.showLocked && guest->isLocked())
-        draw(KWPixmaps::instance().lockedLarge());
+        draw(KWPixmaps::instance().lockedLarge(), markDrawings().locked);
     if (display.showVIP && guest->isVip())
-        draw(KWPixmaps::instance().vipLarge());
+        draw(KWPixmaps::instance().vipLarge(), markDrawings().vip);
 }
 
 void KWSeatCanvasViewItem::paintText(QPainter *painter, double diameter) const

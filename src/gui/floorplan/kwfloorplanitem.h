@@ -66,7 +66,7 @@ protected:
 
 private:
     void paintCircle(QPainter *painter, const KWGuest *guest, double diameter) const;
-    void paintMarks(QPainter *painter, const KWGuest *guest, double diameter) const;
+    void paintMarks(QPainter *painter, const KWGuest *guest, double diameter, bool onScreen) const;
     void paintText(QPainter *painter, double diameter) const;
     QColor fillColour(const KWGuest *guest) const;
 

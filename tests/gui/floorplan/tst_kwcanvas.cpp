@@ -557,6 +557,33 @@ private slots:
         QVERIFY(picture() != bare && picture() != locked);
     }
 
+    void marksAreShownOnTheScreenAsInPictures()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
+        shown.seat({"", KWGuest::Undefined, true, true}, table, 0);
+        QGraphicsView view(&shown.canvas);
+        view.setRenderHint(QPainter::Antialiasing);
+        view.resize(300, 300);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        view.centerOn(shown.canvas.itemOfSeat(table, 0));
+        const QPoint seat = view.mapFromScene(shown.canvas.itemOfSeat(table, 0)->pos());
+        // The body of the lock, and the band of the crown.
+        const auto onScreen = [&] {
+            return view.viewport()->grab().toImage().pixelColor(seat + QPoint(-24, 28));
+        };
+        const auto inPicture = [&] {
+            return shown.painted(shown.canvas.itemOfSeat(table, 0)->pos() + QPointF(-24, 28));
+        };
+        for (const auto &[show, colour] : {std::pair{&KWCanvas::showLocked, QColor(163, 176, 194)},
+                                           std::pair{&KWCanvas::showVIP, QColor(243, 191, 91)}}) {
+            (shown.canvas.*show)(true);
+            QCOMPARE(onScreen(), colour);
+            QCOMPARE(inPicture(), colour);
+        }
+    }
+
     void aChangeOfASeatRepaintsThatSeatOnly()
     {
         Plan shown;
@@ -628,6 +655,34 @@ private slots:
         shown.plan.addTable(KWTable::HeadTop, s("U"), 10, 0, 0, 0, {100, 1500}, {});
         const QImage wide = shown.canvas.renderToPixmap(0.2).toImage();
         QCOMPARE(wide.pixelColor(2, wide.height() - 2), QColor(1, 2, 3));
+    }
+
+    void aPictureShowsNoSelection()
+    {
+        Plan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 10, {600, 400});
+        const QImage bare = shown.canvas.renderToPixmap(0.05).toImage();
+        shown.canvas.setSelected(shown.canvas.itemOfTable(table));
+        QCOMPARE(shown.canvas.renderToPixmap(0.05).toImage(), bare);
+        QCOMPARE(shown.canvas.selected(), shown.canvas.itemOfTable(table));
+    }
+
+    void aPartOfThePlanIsDrawnWhereItIsWanted()
+    {
+        Plan shown;
+        shown.plan.setFloorplanColourInside(QColor(1, 2, 3));
+        shown.plan.setFloorplanColourTables(Qt::yellow);
+        shown.table("T", KWTable::HeadTop, 10, {600, 400});
+        QImage image(100, 100, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        // The left end of the table fills the right half of the target.
+        shown.canvas.paint(&painter, QRectF(20, 20, 40, 40), QRectF(60, 360, 80, 80));
+        painter.end();
+        QCOMPARE(image.pixelColor(10, 40), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(30, 40), QColor(1, 2, 3));
+        QCOMPARE(image.pixelColor(50, 40), QColor(Qt::yellow));
+        QCOMPARE(image.pixelColor(65, 40), QColor(Qt::white));
     }
 
     void anEmptyPlanGivesNoPicture()
