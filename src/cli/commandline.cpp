@@ -11,12 +11,11 @@ CommandLine::CommandLine(const QString &command, const QString &description)
                         QStringLiteral("Show this help and exit.")});
 }
 
-void CommandLine::addOutputOption()
+void CommandLine::addOutputOption(const QString &what)
 {
     m_needsOutput = true;
     addOption({{QStringLiteral("o"), QStringLiteral("output")},
-               QStringLiteral("The plan file to write; \"-\" is standard output. An existing "
-                              "file is replaced once all is written."),
+               what + QStringLiteral(" An existing file is replaced once all is written."),
                QStringLiteral("OUT")});
 }
 
@@ -45,14 +44,24 @@ QString CommandLine::helpText() const
            options.mid(options.indexOf(QLatin1StringView("Options:")));
 }
 
-std::optional<qint64> CommandLine::number(const QString &option, qint64 most) const
+std::optional<qint64> CommandLine::number(const QString &option, qint64 least, qint64 most) const
 {
     bool ok = false;
     const qint64 result = value(option).toLongLong(&ok);
-    if (ok && result >= 0 && result <= most)
+    if (ok && result >= least && result <= most)
         return result;
-    refuse(QStringLiteral("--%1 takes a whole number from 0 to %2, not '%3'.")
-               .arg(option, QString::number(most), value(option)));
+    refuse(QStringLiteral("--%1 takes a whole number from %2 to %3, not '%4'.")
+               .arg(option, QString::number(least), QString::number(most), value(option)));
+    return std::nullopt;
+}
+
+std::optional<int> CommandLine::word(const QString &option, const QStringList &words) const
+{
+    const auto index = static_cast<int>(words.indexOf(value(option)));
+    if (index >= 0)
+        return index;
+    refuse(
+        QStringLiteral("--%1 takes %2, not '%3'.").arg(option, alternatives(words), value(option)));
     return std::nullopt;
 }
 
@@ -60,4 +69,10 @@ int CommandLine::refuse(const QString &complaint) const
 {
     complain(QStringLiteral("%1 See 'ambrelune-cli %2 --help'.").arg(complaint, m_command));
     return ExitUsage;
+}
+
+QString alternatives(const QStringList &words)
+{
+    return QStringList(words.first(words.size() - 1)).join(QLatin1StringView(", ")) +
+           QStringLiteral(" or ") + words.constLast();
 }

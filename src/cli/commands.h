@@ -30,3 +30,4 @@ int showCommand(const QStringList &arguments);
 int scoreCommand(const QStringList &arguments);
 int saveCommand(const QStringList &arguments);
 int layoutCommand(const QStringList &arguments);
+int floorplanCommand(const QStringList &arguments);

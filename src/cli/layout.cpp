@@ -9,8 +9,8 @@
 #include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMap>
 
+#include <array>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
@@ -155,21 +155,18 @@ QString toText(const Report &report, const QString &plan, const QString &output)
 /// The run's options from the command line; nothing after a complaint.
 std::optional<KWLayoutOptions> optionsOf(const CommandLine &line)
 {
-    static const QMap<QString, int> criteria{
-        {QStringLiteral("time"), KWGeneticSolver::StopOnTime},
-        {QStringLiteral("unimproved"), KWGeneticSolver::StopOnUnimproved},
-        {QStringLiteral("either"), KWGeneticSolver::StopOnEither}};
-    const QString stop = line.value(QStringLiteral("stop"));
-    if (!criteria.contains(stop)) {
-        line.refuse(QStringLiteral("--stop takes time, unimproved or either, not '%1'.").arg(stop));
-        return std::nullopt;
-    }
+    constexpr std::array criteria{KWGeneticSolver::StopOnTime, KWGeneticSolver::StopOnUnimproved,
+                                  KWGeneticSolver::StopOnEither};
+    const auto stop =
+        line.word(QStringLiteral("stop"),
+                  {QStringLiteral("time"), QStringLiteral("unimproved"), QStringLiteral("either")});
     constexpr int most = std::numeric_limits<int>::max();
-    const auto seconds = line.number(QStringLiteral("seconds"), most);
-    const auto unimproved = seconds ? line.number(QStringLiteral("unimproved"), most) : seconds;
-    if (!seconds || !unimproved)
+    const auto number = [&](const QString &option) { return line.number(option, 0, most); };
+    const auto seconds = stop ? number(QStringLiteral("seconds")) : std::nullopt;
+    const auto unimproved = seconds ? number(QStringLiteral("unimproved")) : std::nullopt;
+    if (!unimproved)
         return std::nullopt;
-    return KWLayoutOptions{criteria.value(stop), static_cast<int>(*seconds),
+    return KWLayoutOptions{criteria.at(static_cast<std::size_t>(*stop)), static_cast<int>(*seconds),
                            static_cast<int>(*unimproved)};
 }
 
@@ -237,7 +234,8 @@ int layoutCommand(const QStringList &arguments)
     if (!options)
         return ExitUsage;
     if (line.isSet(QStringLiteral("seed"))) {
-        const auto seed = line.number(QStringLiteral("seed"), std::numeric_limits<unsigned>::max());
+        const auto seed =
+            line.number(QStringLiteral("seed"), 0, std::numeric_limits<unsigned>::max());
         if (!seed)
             return ExitUsage;
         setFixedRandomSeed(static_cast<unsigned>(*seed));

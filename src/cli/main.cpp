@@ -1,8 +1,8 @@
 #include "commands.h"
 #include "console.h"
 
+#include <QApplication>
 #include <QFile>
-#include <QGuiApplication>
 
 #include <algorithm>
 #include <array>
@@ -16,7 +16,8 @@ std::span<const Command> commands()
         Command{"score", "Show how the seating scores, and which wishes it does not meet.",
                 scoreCommand},
         Command{"save", "Load a plan and write it again.", saveCommand},
-        Command{"layout", "Find a seating and write the plan with it.", layoutCommand}};
+        Command{"layout", "Find a seating and write the plan with it.", layoutCommand},
+        Command{"floorplan", "Draw the floor plan as a picture.", floorplanCommand}};
     return all;
 }
 
@@ -28,7 +29,7 @@ QString helpText()
                                   "\nCommands:\n");
     for (const Command &command : commands()) {
         text += QStringLiteral("  %1 %2\n")
-                    .arg(QLatin1StringView(command.name), -8)
+                    .arg(QLatin1StringView(command.name), -9)
                     .arg(QLatin1StringView(command.summary));
     }
     text += QStringLiteral("\n"
@@ -90,7 +91,7 @@ int main(int argc, char *argv[])
     useNoDisplay();
     // The toolkit sees no arguments: its own options mean nothing here.
     int toolkitArgc = 1;
-    const QGuiApplication application(toolkitArgc, argv);
+    const QApplication application(toolkitArgc, argv);
     const auto arguments = argumentsOf({argv, static_cast<std::size_t>(argc)});
     if (!arguments) {
         complain(QStringLiteral("A file name is not in the encoding of this system's names."));

@@ -1,10 +1,7 @@
-#include <QFile>
+#include "clitool.h"
+
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 #include <pty.h>
@@ -12,62 +9,6 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-
-// Runs the real program on real files.
-
-namespace {
-struct Outcome
-{
-    int status;
-    QByteArray out;
-    QByteArray err;
-};
-
-Outcome finish(QProcess &process)
-{
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
-        return {-1, process.readAllStandardOutput(), process.readAllStandardError()};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-Outcome run(const QStringList &arguments, const QString &stdoutFile = {})
-{
-    QProcess process;
-    if (!stdoutFile.isEmpty())
-        process.setStandardOutputFile(stdoutFile);
-    process.start(QStringLiteral(AMBRELUNE_CLI), arguments);
-    return finish(process);
-}
-
-QString example(const QString &name)
-{
-    return QStringLiteral(AMBRELUNE_SOURCE_DIR "/examples/") + name;
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), content.size());
-}
-
-QJsonObject json(const QByteArray &text)
-{
-    return QJsonDocument::fromJson(text).object();
-}
-
-/// A complaint is one line after the program's name.
-bool isComplaint(const QByteArray &err)
-{
-    return err.startsWith("ambrelune-cli: ") && err.endsWith('\n') && err.count('\n') == 1;
-}
-} // namespace
 
 class TestCli : public QObject
 {
@@ -82,7 +23,7 @@ private slots:
         QTest::addColumn<QByteArray>("words");
         QTest::newRow("program") << QStringList{u"--help"_s} << QByteArray("layout");
         QTest::newRow("short") << QStringList{u"-h"_s} << QByteArray("Exit status");
-        for (const char *command : {"show", "score", "save", "layout"})
+        for (const char *command : {"show", "score", "save", "layout", "floorplan"})
             QTest::newRow(command)
                 << QStringList{QString::fromLatin1(command), u"--help"_s} << QByteArray("PLAN");
     }

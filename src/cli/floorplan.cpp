@@ -1,0 +1,199 @@
+#include "commandline.h"
+#include "commands.h"
+#include "console.h"
+#include "floorplanpicture.h"
+#include "kwcanvas.h"
+#include "kwdocument.h"
+#include "kwfloorplantext.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+/// In the order of KWGuest::NameOrder, and KWFloorPlanText::seatNumbers.
+QStringList nameWords()
+{
+    static_assert(KWFloorPlanText::seatNumbers == 7);
+    return {QStringLiteral("display-name"),       QStringLiteral("last-first"),
+            QStringLiteral("last-initial"),       QStringLiteral("first-last"),
+            QStringLiteral("initial-last"),       QStringLiteral("title-first-last"),
+            QStringLiteral("title-initial-last"), QStringLiteral("number")};
+}
+
+/// In the order of KWCanvas::SeatDisplay.
+QStringList seatWords()
+{
+    return {QStringLiteral("circle+name"), QStringLiteral("circle"), QStringLiteral("name"),
+            QStringLiteral("none")};
+}
+
+/// What may be marked at a seat: its word, and where the plan keeps it and the canvas takes it.
+struct Mark
+{
+    QString word;
+    bool KWViewSettings::*stored;
+    void (KWCanvas::*show)(bool);
+};
+
+QList<Mark> marks()
+{
+    return {
+        {QStringLiteral("gender"), &KWViewSettings::floor_plan_show_gender, &KWCanvas::showGender},
+        {QStringLiteral("age"), &KWViewSettings::floor_plan_show_age, &KWCanvas::showAge},
+        {QStringLiteral("vip"), &KWViewSettings::floor_plan_show_vip, &KWCanvas::showVIP},
+        {QStringLiteral("groups"), &KWViewSettings::floor_plan_show_groups, &KWCanvas::showGroups},
+        {QStringLiteral("locked"), &KWViewSettings::floor_plan_show_locked, &KWCanvas::showLocked}};
+}
+
+QStringList markWords()
+{
+    QStringList words;
+    for (const Mark &mark : marks())
+        words.append(mark.word);
+    return words;
+}
+
+/// What the command line asks for; what it does not say is as the plan has it.
+struct Wanted
+{
+    QString extension;
+    std::optional<qint64> width;
+    std::optional<int> nameOrder;
+    std::optional<int> seats;
+    std::optional<QStringList> marks;
+};
+
+void addOptions(CommandLine &line)
+{
+    line.addOutputOption(QStringLiteral("The picture to write; its extension says which kind: %1.")
+                             .arg(alternatives(FloorPlanPicture::extensions())));
+    line.addOption({QStringLiteral("width"),
+                    QStringLiteral("Make it N pixels wide, from 1 to %1. Default: 100 for a seat, "
+                                   "or fewer in a large plan.")
+                        .arg(FloorPlanPicture::mostPixels),
+                    QStringLiteral("N")});
+    line.addOption({QStringLiteral("names"),
+                    QStringLiteral("What stands in the seats: %1.").arg(alternatives(nameWords())),
+                    QStringLiteral("ORDER")});
+    line.addOption({QStringLiteral("seats"),
+                    QStringLiteral("How seats are drawn: %1.").arg(alternatives(seatWords())),
+                    QStringLiteral("DISPLAY")});
+    line.addOption({QStringLiteral("show"),
+                    QStringLiteral("What is marked at the seats: a list, with commas, of %1; or "
+                                   "none. A seat has the colour of the gender where groups are "
+                                   "shown, too.")
+                        .arg(alternatives(markWords())),
+                    QStringLiteral("LIST")});
+    line.addOption({QStringLiteral("conflicts"),
+                    QStringLiteral("Draw a line for each wish that the seating does not meet.")});
+}
+
+std::optional<QStringList> marksOf(const CommandLine &line)
+{
+    const QString list = line.value(QStringLiteral("show"));
+    if (list == QLatin1StringView("none"))
+        return QStringList();
+    const QStringList words = list.split(u',');
+    const QStringList known = markWords();
+    if (std::ranges::all_of(words, [&](const QString &word) { return known.contains(word); }))
+        return words;
+    line.refuse(QStringLiteral("--show takes a list, with commas, of %1; or none, not '%2'.")
+                    .arg(alternatives(known), list));
+    return std::nullopt;
+}
+
+QString extensionOf(const QString &path)
+{
+    const QString extension = QFileInfo(path).suffix().toLower();
+    return extension == QLatin1StringView("jpeg") ? QStringLiteral("jpg") : extension;
+}
+
+/// Nothing after a complaint.
+std::optional<Wanted> wantedBy(const CommandLine &line)
+{
+    Wanted wanted;
+    wanted.extension = extensionOf(line.output());
+    if (!FloorPlanPicture::extensions().contains(wanted.extension)) {
+        line.refuse(QStringLiteral("The picture's name has to end in %1: '%2' does not.")
+                        .arg(alternatives(FloorPlanPicture::extensions()), line.output()));
+        return std::nullopt;
+    }
+    bool ok = true;
+    if (const auto width = QStringLiteral("width"); line.isSet(width))
+        ok = (wanted.width = line.number(width, 1, FloorPlanPicture::mostPixels)).has_value();
+    if (const auto names = QStringLiteral("names"); ok && line.isSet(names))
+        ok = (wanted.nameOrder = line.word(names, nameWords())).has_value();
+    if (const auto seats = QStringLiteral("seats"); ok && line.isSet(seats))
+        ok = (wanted.seats = line.word(seats, seatWords())).has_value();
+    if (ok && line.isSet(QStringLiteral("show")))
+        ok = (wanted.marks = marksOf(line)).has_value();
+    return ok ? std::optional(wanted) : std::nullopt;
+}
+
+/// A number of a plan file as a choice of some, the first if it is none.
+int choiceOf(int stored, const QStringList &choices)
+{
+    return stored >= 0 && stored < choices.size() ? stored : 0;
+}
+
+void setUp(KWCanvas &canvas, const Wanted &wanted, const KWViewSettings &stored)
+{
+    canvas.setNameOrder(
+        wanted.nameOrder.value_or(choiceOf(stored.floor_plan_name_order, nameWords())));
+    canvas.displaySeats(static_cast<KWCanvas::SeatDisplay>(
+        wanted.seats.value_or(choiceOf(stored.floor_plan_show_seats, seatWords()))));
+    for (const Mark &mark : marks()) {
+        const bool on = wanted.marks ? wanted.marks->contains(mark.word) : stored.*mark.stored;
+        (canvas.*mark.show)(on);
+    }
+}
+
+/// What other programs show as the title of the picture.
+QString titleOf(const KWDocument &document, const QString &path)
+{
+    return document.event().trimmed().isEmpty() ? QFileInfo(path).completeBaseName()
+                                                : printable(document.event());
+}
+} // namespace
+
+int floorplanCommand(const QStringList &arguments)
+{
+    CommandLine line(QStringLiteral("floorplan"),
+                     QStringLiteral("Draws the floor plan as a picture, with all tables. Svg and "
+                                    "pdf are drawings that\nstay sharp at every size. What no "
+                                    "option says is as it was saved with the plan."));
+    addOptions(line);
+    if (const auto status = line.parse(arguments))
+        return *status;
+    const auto wanted = wantedBy(line);
+    if (!wanted)
+        return ExitUsage;
+    KWDocument document;
+    KWViewSettings views;
+    bool versionDiffers = false;
+    if (const int status = loadPlan(document, line.plan(), views, versionDiffers))
+        return status;
+
+    KWCanvas canvas(&document);
+    setUp(canvas, *wanted, views);
+    if (line.isSet(QStringLiteral("conflicts")))
+        canvas.showConflicts();
+    const QRectF bounds = FloorPlanPicture::bounds(canvas);
+    const QSize size =
+        wanted->width ? FloorPlanPicture::sizeForWidth(bounds, static_cast<int>(*wanted->width))
+                      : FloorPlanPicture::defaultSize(bounds);
+    if (size.height() > FloorPlanPicture::mostPixels)
+        return line.refuse(QStringLiteral("With --width %1 the picture would be %2 pixels high; "
+                                          "the most is %3.")
+                               .arg(size.width())
+                               .arg(size.height())
+                               .arg(FloorPlanPicture::mostPixels));
+    if (document.tableCount() == 0)
+        complain(QStringLiteral("There are no tables: the picture shows the empty floor."));
+    return writeOutput(line.output(),
+                       FloorPlanPicture::draw(canvas, bounds, size, wanted->extension,
+                                              titleOf(document, line.plan())));
+}

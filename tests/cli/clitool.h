@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QtTest>
+
+// The real program, run on real files.
+
+/// What came of a run; the status is -1 if the program did not end by itself in good time.
+struct Outcome
+{
+    int status;
+    QByteArray out;
+    QByteArray err;
+};
+
+inline Outcome finish(QProcess &process)
+{
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+        return {-1, process.readAllStandardOutput(), process.readAllStandardError()};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+inline Outcome run(const QStringList &arguments, const QString &stdoutFile = {})
+{
+    QProcess process;
+    if (!stdoutFile.isEmpty())
+        process.setStandardOutputFile(stdoutFile);
+    process.start(QStringLiteral(AMBRELUNE_CLI), arguments);
+    return finish(process);
+}
+
+inline QString example(const QString &name)
+{
+    return QStringLiteral(AMBRELUNE_SOURCE_DIR "/examples/") + name;
+}
+
+inline QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+inline void write(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+inline QJsonObject json(const QByteArray &text)
+{
+    return QJsonDocument::fromJson(text).object();
+}
+
+/// A complaint is one line after the program's name.
+inline bool isComplaint(const QByteArray &err)
+{
+    return err.startsWith("ambrelune-cli: ") && err.endsWith('\n') && err.count('\n') == 1;
+}
