@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -388,31 +389,49 @@ QRectF KWCanvas::boundsForAspect(double margin, double ratio) const
 
 void KWCanvas::paint(QPainter *painter, const QRectF &target, const QRectF &bounds)
 {
+    const QScopedValueRollback picture(m_paintsPicture, true);
+    const QScopedValueRollback<QGraphicsItem *> selected(m_selected, nullptr);
     painter->fillRect(target, m_document->floorplanColourInside());
     painter->setRenderHint(QPainter::Antialiasing);
-    // Not on the colour around the room, which the scene would paint over it.
-    const QBrush outside = backgroundBrush();
-    setBackgroundBrush(Qt::NoBrush);
-    QGraphicsItem *selected = std::exchange(m_selected, nullptr);
     render(painter, target, bounds, Qt::IgnoreAspectRatio);
-    m_selected = selected;
-    setBackgroundBrush(outside);
+}
+
+void KWCanvas::drawBackground(QPainter *painter, const QRectF &rect)
+{
+    // The colour around the room has no place in a picture.
+    if (!m_paintsPicture)
+        QGraphicsScene::drawBackground(painter, rect);
 }
 
 QPixmap KWCanvas::renderToPixmap(double margin)
 {
     constexpr double leastScale = 0.01;
     const QRectF bounds = itemBounds(margin);
-    QPixmap pixmap;
+    if (bounds.isEmpty())
+        return {};
     double scale = 1;
-    while (pixmap.isNull() && scale >= leastScale) {
-        pixmap = QPixmap((bounds.size() * scale).toSize());
-        if (pixmap.isNull())
-            scale /= 2;
+    // A pixmap would not say that it got no memory.
+    QImage image = newImage(bounds.size().toSize());
+    while (image.isNull() && scale >= leastScale) {
+        scale /= 2;
+        image = newImage((bounds.size() * scale).toSize());
     }
-    if (pixmap.isNull())
-        return pixmap;
-    QPainter painter(&pixmap);
-    paint(&painter, QRectF(QPointF(), QSizeF(pixmap.size())), bounds);
-    return pixmap;
+    if (image.isNull())
+        return {};
+    QPainter painter(&image);
+    paint(&painter, QRectF(QPointF(), QSizeF(image.size())), bounds);
+    painter.end();
+    return QPixmap::fromImage(std::move(image));
+}
+
+QImage KWCanvas::newImage(const QSize &size)
+{
+    // What the system promises it may not have, and it ends the program that comes for it.
+    constexpr qint64 mostPixels = 1 << 28;
+    // Beyond, the toolkit does not paint.
+    constexpr int longestSide = 32767;
+    if (std::max(size.width(), size.height()) > longestSide ||
+        qint64{size.width()} * size.height() > mostPixels)
+        return {};
+    return QImage(size, QImage::Format_ARGB32_Premultiplied);
 }

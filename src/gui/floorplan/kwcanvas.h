@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kwprintable.h"
+
 #include <QGraphicsScene>
 #include <QHash>
 
@@ -16,7 +18,7 @@ class KWTableCanvasViewItem;
 
 /// The scene of the floor plan: the room and, for each table of the plan, an item with its seats
 /// under it. It follows the plan at all times, shown or not. Canvas units are scene units.
-class KWCanvas : public QGraphicsScene
+class KWCanvas : public QGraphicsScene, public KWPrintable
 {
     Q_OBJECT
 
@@ -81,6 +83,15 @@ public:
     /// it, at half the size, and so on; null if there is not even for a hundredth.
     QPixmap renderToPixmap(double margin);
 
+    /// The colour of the room.
+    QColor backgroundColour() const override;
+    /// The header stands `headerPosition` above the upper edge of the page, the footer's lower edge
+    /// `footerPosition` above the lower one. A plan without tables prints nothing.
+    void print(QPainter *painter, int width, int height, double margin, const QString &header,
+               const QFont &headerFont, const QColor &headerColour, int headerPosition,
+               const QString &footer, const QFont &footerFont, const QColor &footerColour,
+               int footerPosition) override;
+
 public slots:
     void updateOnNewTable(KWTable *table);
     void updateOnEditTable(KWTable *table);
@@ -109,6 +120,11 @@ public slots:
     /// Finds a free place for a table's item, and stores it in the plan.
     void moveToNextTablePos(KWTableCanvasViewItem *item);
 
+protected:
+    void drawBackground(QPainter *painter, const QRectF &rect) override;
+    /// Null if there is no memory for it.
+    virtual QImage newImage(const QSize &size);
+
 private:
     using GuestPair = QPair<KWGuest *, KWGuest *>;
 
@@ -125,6 +141,7 @@ private:
     KWDocument *m_document;
     QSize m_size;
     int m_nameOrder = 0;
+    bool m_paintsPicture = false;
     QGraphicsItem *m_selected = nullptr;
     KWRoomCanvasViewItem *m_room = nullptr;
     QHash<const KWTable *, KWTableCanvasViewItem *> m_tables;

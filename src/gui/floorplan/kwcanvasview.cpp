@@ -33,7 +33,7 @@ KWCanvasView::KWCanvasView(QWidget *parent, KWDocument *document)
 {
     setScene(&m_canvas);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    setRenderHint(QPainter::Antialiasing);
+    setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     setTransformationAnchor(NoAnchor);
     setAcceptDrops(true);
     // Or a release that went elsewhere would be noticed late.

@@ -6,6 +6,8 @@
 #include <QGraphicsView>
 
 class KWDrag;
+class KWMainWindow;
+class QPrinter;
 
 /// The floor plan pane: selects what is clicked, moves tables, drags guests, takes drops and zooms.
 /// Owns its canvas. What is dragged over it is looked at where the pointer is, topmost first.
@@ -38,13 +40,16 @@ public:
     void placeNewTable(KWTable *table);
     /// Selects the table and takes the focus.
     void showTable(KWTable *table);
+    /// Asks for the choices that go with printing, and prints the floor plan as the plan's print
+    /// settings have it.
+    void printOn(QPrinter &printer, KWMainWindow &window);
     /// Selects the guest's seat, if there is one, and brings it into the middle.
     void selectGuest(KWGuest *guest);
 
     void deleteSelection() override;
     void editProperties() override;
     void unassign() override;
-    void print() override {}
+    void print() override;
     void copy() override;
     void rotate() override;
     void setAffinity(int) override {}
@@ -57,7 +62,7 @@ public:
     void setAccepted(bool) override {}
     bool canSetAccepted() override { return false; }
     bool hasAccepted() override { return false; }
-    bool canPrint() override { return false; }
+    bool canPrint() override { return true; }
     bool canCopy() override { return true; }
     bool canSetAffinity() override { return false; }
     bool canRotate() override;

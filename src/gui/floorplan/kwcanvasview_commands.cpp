@@ -6,9 +6,12 @@
 #include "kwfloorplanitem.h"
 #include "kwmainwindow.h"
 #include "kwmessages.h"
+#include "kwprompts.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QPainter>
+#include <QPrinter>
 #include <QStyle>
 #include <QWheelEvent>
 
@@ -61,6 +64,39 @@ void KWCanvasView::unassign()
 {
     if (KWGuest *guest = selectedGuest())
         document()->unassignGuest(guest, true);
+}
+
+void KWCanvasView::print()
+{
+    KWMainWindow *window = mainWin();
+    QPrinter *printer = window ? window->printer() : nullptr;
+    if (!printer || printer->printerName().isEmpty()) {
+        errorBox(tr("No printer detected. Please install a printer first."), tr("&OK"));
+        return;
+    }
+    printOn(*printer, *window);
+}
+
+void KWCanvasView::printOn(QPrinter &printer, KWMainWindow &window)
+{
+    const KWDocument &plan = *document();
+    printer.setPageOrientation(plan.printOrientation() ? QPageLayout::Landscape
+                                                       : QPageLayout::Portrait);
+    if (!prompts().askPrinter(window.widget(), printer))
+        return;
+    window.showStatusMessage(tr("Printing..."));
+    QPainter painter;
+    if (!painter.begin(&printer)) {
+        errorBox(tr("No print file/device."), tr("&OK"));
+        window.showStatusMessage(tr("Printing aborted"));
+        return;
+    }
+    const KWBusy busy;
+    m_canvas.print(&painter, printer.width(), printer.height(), plan.printMargin() / 100.0,
+                   plan.printHeaderText(), plan.printHeaderFont(), plan.printHeaderColour(),
+                   plan.headerPosition(), plan.printFooterText(), plan.printFooterFont(),
+                   plan.printFooterColour(), plan.footerPosition());
+    window.showStatusMessage(tr("Printing complete"));
 }
 
 void KWCanvasView::copy()

@@ -8,6 +8,7 @@
 
 #include <QFont>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 namespace {
@@ -29,7 +30,7 @@ QFont canvasFont(const KWDocument &document)
     return font;
 }
 
-/// The marks for pictures and paper. On the screen pixmaps are quicker, but coarse when enlarged.
+/// The marks at seats, for any scale.
 struct MarkDrawings
 {
     QSvgRenderer locked{QStringLiteral(":/icons/locked.svg")};
@@ -42,6 +43,33 @@ MarkDrawings &markDrawings()
     // Never deleted: at the time of static destructors there is no application any more.
     static auto &drawings = *new MarkDrawings;
     return drawings;
+}
+
+/// On the screen, where many are painted with every move, as a pixmap that is as large as they are
+/// there.
+void drawMark(QPainter *painter, const QRectF &place, QSvgRenderer &drawing, bool onScreen)
+{
+    if (!onScreen) {
+        drawing.render(painter, place);
+        return;
+    }
+    constexpr int largest = 400;
+    const QSize size =
+        painter->deviceTransform().mapRect(place).size().toSize().expandedTo({1, 1}).boundedTo(
+            {largest, largest});
+    const QString key = QStringLiteral("seat mark %1 %2x%3")
+                            .arg(quintptr(&drawing))
+                            .arg(size.width())
+                            .arg(size.height());
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter pixmapPainter(&pixmap);
+        drawing.render(&pixmapPainter);
+        QPixmapCache::insert(key, pixmap);
+    }
+    painter->drawPixmap(place, pixmap, QRectF(pixmap.rect()));
 }
 } // namespace
 
@@ -156,16 +184,10 @@ void KWSeatCanvasViewItem::paintMarks(QPainter *painter, const KWGuest *guest, d
         painter->drawEllipse(QPointF(), diameter / 4, diameter / 4);
     }
     const QRectF place(-diameter / 2 + 2, -diameter / 2 - 3, diameter - 4, diameter);
-    const auto draw = [&](const QPixmap &pixmap, QSvgRenderer &drawing) {
-        if (onScreen)
-            painter->drawPixmap(place, pixmap, QRectF(pixmap.rect()));
-        else
-            drawing.render(painter, place);
-    };
     if (display.showLocked && guest->isLocked())
-        draw(KWPixmaps::instance().lockedLarge(), markDrawings().locked);
+        drawMark(painter, place, markDrawings().locked, onScreen);
     if (display.showVIP && guest->isVip())
-        draw(KWPixmaps::instance().vipLarge(), markDrawings().vip);
+        drawMark(painter, place, markDrawings().vip, onScreen);
 }
 
 void KWSeatCanvasViewItem::paintText(QPainter *painter, double diameter) const

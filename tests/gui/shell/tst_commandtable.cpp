@@ -159,7 +159,7 @@ private slots:
         // By now these two say what the top pane shows.
         QString text = s(command.menuText);
         if (action->objectName() == u"m_filePrintAction")
-            text.remove(u'&');
+            text = s("Print Floor plan...");
         if (action->objectName() == u"m_editCopyAction")
             text = s("Copy Floor plan");
         QCOMPARE(action->text(), text);
