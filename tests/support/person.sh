@@ -10,9 +10,9 @@ keep_pictures_in() {
   mkdir -p "$pictures"
 }
 
-# sit_down: a display with a window manager, and an empty home to save into.
+# sit_down [SIZE]: a display with a window manager, and an empty home to save into.
 sit_down() {
-  start_display 1280x900
+  start_display "${1:-1280x900}"
   start openbox
   cd "$HOME"
 }
