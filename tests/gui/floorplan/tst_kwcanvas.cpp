@@ -1,73 +1,7 @@
+#include "canvasplan.h"
 #include "guitest.h"
-#include "kwcanvas.h"
-#include "kwfloorplanitem.h"
-#include "testplan.h"
 
 #include <QGraphicsView>
-
-namespace {
-
-/// A plan with its canvas; the room is 10 by 8 metres of chairs of half a metre.
-struct Plan
-{
-    KWDocument plan;
-    KWCanvas canvas{&plan};
-
-    Plan()
-    {
-        plan.setRoomXSize(10);
-        plan.setRoomYSize(8);
-        plan.setChairSize(0.5);
-        canvas.resizeToRoom();
-    }
-
-    ~Plan()
-    {
-        canvas.displaySeats(KWCanvas::CircularName);
-        canvas.showGender(false);
-        canvas.showAge(false);
-        canvas.showVIP(false);
-        canvas.showGroups(false);
-        canvas.showLocked(false);
-    }
-
-    KWTable *table(const char *name, int shape, int seats, const QPoint &place)
-    {
-        return plan.addTable(shape, s(name), seats, 0, 0, 0, place, {});
-    }
-
-    /// A guest on a seat.
-    KWGuest *seat(const TestGuest &guest, KWTable *table, int seat, KWGroup *group = nullptr)
-    {
-        KWGuest *added = addGuest(plan, guest, group);
-        plan.assignGuest(added, table, seat, false);
-        return added;
-    }
-
-    QString lines() const
-    {
-        QStringList all;
-        for (const QGraphicsItem *item : canvas.items(Qt::AscendingOrder)) {
-            const auto *line = qgraphicsitem_cast<const QGraphicsLineItem *>(item);
-            if (line)
-                all.append(line->pen().color().name());
-        }
-        all.sort();
-        return all.join(u' ');
-    }
-
-    /// The colour that is painted at a point.
-    QColor painted(const QPointF &point)
-    {
-        QImage image(3, 3, QImage::Format_RGB32);
-        QPainter painter(&image);
-        canvas.render(&painter, QRectF(0, 0, 3, 3),
-                      QRectF(point - QPointF(1.5, 1.5), QSizeF(3, 3)));
-        painter.end();
-        return image.pixelColor(1, 1);
-    }
-};
-} // namespace
 
 class TestKWCanvas : public QObject
 {
@@ -76,7 +10,7 @@ class TestKWCanvas : public QObject
 private slots:
     void theCanvasIsTheRoomInSeats()
     {
-        const Plan shown;
+        const CanvasPlan shown;
         QCOMPARE(shown.canvas.canvasSize(), QSize(2000, 1600));
         QCOMPARE(shown.canvas.sceneRect(), QRectF(0, 0, 2000, 1600));
         QCOMPARE(shown.canvas.itemAtPoint({5, 5})->type(), int(KWRoomCanvasViewItem::Type));
@@ -85,7 +19,7 @@ private slots:
 
     void aTableStandsWhereThePlanSaysWithItsSeatsAroundIt()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
         const KWTableCanvasViewItem *item = shown.canvas.itemOfTable(table);
         QVERIFY(item);
@@ -98,7 +32,7 @@ private slots:
 
     void editingATableRebuildsItsSeatsAboutItsCentre()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::HeadTop, 3, {500, 400});
         shown.canvas.setSelected(shown.canvas.itemOfSeat(table, 1));
         shown.plan.resizeTable(table, 5, false);
@@ -112,7 +46,7 @@ private slots:
 
     void aDeletedTableGoesWithItsSeatsAndTheSelection()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
         shown.canvas.setSelected(shown.canvas.itemOfTable(table));
         shown.plan.deleteTable(table, true);
@@ -122,7 +56,7 @@ private slots:
 
     void aRefreshBuildsTheSceneAnew()
     {
-        Plan shown;
+        CanvasPlan shown;
         shown.table("T", KWTable::Circular, 4, {500, 400});
         const KWDocument copy(shown.plan);
         shown.plan.announceClear();
@@ -135,7 +69,7 @@ private slots:
 
     void theSceneStandsEmptyDuringALayout()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
         shown.canvas.setSelected(shown.canvas.itemOfTable(table));
         emit shown.plan.eventPrepareAutoLayout();
@@ -149,7 +83,7 @@ private slots:
 
     void aRoomSmallerThanItsTablesSqueezesThemOnTheAxisThatOverflows()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *far = shown.table("Far", KWTable::Circular, 4, {1000, 3200});
         KWTable *near = shown.table("Near", KWTable::Circular, 4, {400, 800});
         shown.canvas.resizeToRoom();
@@ -162,7 +96,7 @@ private slots:
 
     void aNewTableFindsAFreePlaceAndThePlanKnowsIt()
     {
-        Plan shown;
+        CanvasPlan shown;
         shown.table("A", KWTable::Circular, 4, {1000, 800});
         KWTable *second = shown.table("B", KWTable::Circular, 4, {1000, 800});
         KWTableCanvasViewItem *item = shown.canvas.itemOfTable(second);
@@ -175,7 +109,7 @@ private slots:
 
     void aTableInFreeSpaceDoesNotMove()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("A", KWTable::Circular, 4, {700, 600});
         shown.canvas.moveToNextTablePos(shown.canvas.itemOfTable(table));
         QCOMPARE(table->position(), QPoint(700, 600));
@@ -183,7 +117,7 @@ private slots:
 
     void linesStayUntilTheyAreHidden()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 6, {500, 400});
         KWGuest *a = shown.seat({"A"}, table, 0);
         KWGuest *b = shown.seat({"B"}, table, 1);
@@ -205,7 +139,7 @@ private slots:
 
     void eachWishHasItsColour()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 8, {500, 400});
         QList<KWGuest *> guests;
         for (int i = 0; i < 5; ++i)
@@ -220,7 +154,7 @@ private slots:
 
     void guestsWithoutASeatGetNoLine()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 400});
         KWGuest *a = shown.seat({"A"}, table, 0);
         KWGuest *b = addGuest(shown.plan, {"B"});
@@ -258,7 +192,7 @@ private slots:
     {
         QFETCH(int, value);
         QFETCH(QString, place);
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 6, {500, 400});
         KWTable *other = shown.table("U", KWTable::Circular, 6, {1200, 400});
         KWGuest *a = shown.seat({"A"}, table, 0);
@@ -269,25 +203,9 @@ private slots:
         QTEST(!shown.lines().isEmpty(), "conflict");
     }
 
-    void theColourPairsOfGroupsRepeatBeyond256()
-    {
-        Plan shown;
-        QList<KWGroup *> groups;
-        for (int i = 0; i < 257; ++i)
-            groups.append(shown.plan.addGroup({}, s("G"), {}));
-        QCOMPARE(shown.canvas.outerColour(groups[0]), QColor(255, 0, 0));
-        QCOMPARE(shown.canvas.innerColour(groups[0]), QColor(255, 0, 0));
-        QCOMPARE(shown.canvas.outerColour(groups[17]), QColor(0, 255, 0));
-        QCOMPARE(shown.canvas.innerColour(groups[17]), QColor(0, 255, 0));
-        QCOMPARE(shown.canvas.outerColour(groups[30]), QColor(0, 192, 255));
-        QCOMPARE(shown.canvas.innerColour(groups[255]), QColor(192, 192, 192));
-        QCOMPARE(shown.canvas.outerColour(groups[256]), shown.canvas.outerColour(groups[0]));
-        QCOMPARE(shown.canvas.innerColour(groups[256]), shown.canvas.innerColour(groups[0]));
-    }
-
     void seatsAreHitByTheirWholeArea()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
         const KWSeatCanvasViewItem *seat = shown.canvas.itemOfSeat(table, 0);
         QCOMPARE(shown.canvas.itemAtPoint(seat->pos() + QPointF(-49, -49)), seat);
@@ -298,221 +216,9 @@ private slots:
                  shown.canvas.itemOfTable(table));
     }
 
-    void genderColoursTheSeats()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::HeadTop, 4, {500, 400});
-        shown.seat({"", KWGuest::Male}, table, 0);
-        shown.seat({"", KWGuest::Female}, table, 1);
-        shown.seat({"", KWGuest::Undefined}, table, 2);
-        const auto seat = [&](int i) {
-            return shown.painted(shown.canvas.itemOfSeat(table, i)->pos() - QPointF(0, 30));
-        };
-        QCOMPARE(seat(0), QColor(Qt::white));
-        shown.canvas.showGender(true);
-        QCOMPARE(seat(0), QColor(96, 192, 255));
-        QCOMPARE(seat(1), QColor(255, 160, 255));
-        QCOMPARE(seat(2), QColor(Qt::white));
-        QCOMPARE(seat(3), QColor(Qt::white));
-    }
-
-    void groupsColourTheSeatsOutsideAndInside()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::HeadTop, 2, {500, 400});
-        for (int i = 0; i < 20; ++i)
-            shown.plan.addGroup({}, s("G"), {});
-        shown.seat({"", KWGuest::Male}, table, 0, shown.plan.groupAt(18));
-        const QPointF centre = shown.canvas.itemOfSeat(table, 0)->pos();
-        shown.canvas.showGroups(true);
-        QCOMPARE(shown.painted(centre), QColor(0, 255, 0));
-        QCOMPARE(shown.painted(centre - QPointF(0, 35)), QColor(0, 0, 255));
-        // Gender takes the outer circle over.
-        shown.canvas.showGender(true);
-        QCOMPARE(shown.painted(centre), QColor(0, 255, 0));
-        QCOMPARE(shown.painted(centre - QPointF(0, 35)), QColor(96, 192, 255));
-    }
-
-    void childrenHaveASmallCircle()
-    {
-        Plan shown;
-        shown.plan.setFloorplanColourSeats(Qt::yellow);
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        shown.seat({"", KWGuest::Undefined, false, false, KWGuest::Child}, table, 0);
-        const QPointF edge = shown.canvas.itemOfSeat(table, 0)->pos() - QPointF(0, 40);
-        QCOMPARE(shown.painted(edge), QColor(Qt::yellow));
-        shown.canvas.showAge(true);
-        QCOMPARE(shown.painted(edge), shown.plan.floorplanColourInside());
-    }
-
-    void theMarksOfAGroupFollowItsGuestsAndItsPlace()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        KWGroup *first = shown.plan.addGroup({}, s("F"), {});
-        KWGroup *second = shown.plan.addGroup({}, s("S"), {});
-        KWGuest *guest = shown.seat({""}, table, 0, first);
-        shown.canvas.showGroups(true);
-        QGraphicsView view(&shown.canvas);
-        view.resize(2100, 1700);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        const QPoint edge(500, 265);
-        const auto seen = [&] { return view.grab().toImage().pixelColor(view.mapFromScene(edge)); };
-        QCOMPARE(seen(), QColor(255, 0, 0));
-        int changes = 0;
-        connect(&shown.canvas, &QGraphicsScene::changed, this, [&changes] { ++changes; });
-        shown.plan.moveGuestToGroup(second, guest);
-        QTRY_VERIFY(changes > 0);
-        QCOMPARE(seen(), QColor(0, 255, 0));
-        changes = 0;
-        shown.plan.deleteGroup(first, true);
-        QTRY_VERIFY(changes > 0);
-        QCOMPARE(seen(), QColor(255, 0, 0));
-    }
-
-    void eachPartHasItsColour_data()
-    {
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
-        QTest::addColumn<QColor>("colour");
-        // A head table of 2 seats: its body is 200 by 100 about its centre.
-        QTest::newRow("inside") << 900.0 << 900.0 << QColor(10, 0, 0);
-        QTest::newRow("outside") << 2050.0 << 50.0 << QColor(20, 0, 0);
-        QTest::newRow("table") << 420.0 << 370.0 << QColor(30, 0, 0);
-        QTest::newRow("table's edge") << 400.0 << 400.0 << QColor(40, 0, 0);
-        QTest::newRow("table's text") << 500.0 << 400.0 << QColor(50, 0, 0);
-        QTest::newRow("seat") << 415.0 << 300.0 << QColor(60, 0, 0);
-        QTest::newRow("seat's edge") << 400.0 << 300.0 << QColor(70, 0, 0);
-        QTest::newRow("seat's text") << 450.0 << 300.0 << QColor(80, 0, 0);
-        QTest::newRow("selected table's edge") << 799.5 << 400.0 << QColor(90, 0, 0);
-        QTest::newRow("selected table's text") << 900.0 << 400.0 << QColor(90, 0, 0);
-    }
-
-    void eachPartHasItsColour()
-    {
-        QFETCH(double, x);
-        QFETCH(double, y);
-        Plan shown;
-        shown.plan.setFloorplanColourInside(QColor(10, 0, 0));
-        shown.plan.setFloorplanColourOutside(QColor(20, 0, 0));
-        shown.plan.setFloorplanColourTables(QColor(30, 0, 0));
-        shown.plan.setFloorplanColourTablesEdge(QColor(40, 0, 0));
-        shown.plan.setFloorplanColourTableText(QColor(50, 0, 0));
-        shown.plan.setFloorplanColourSeats(QColor(60, 0, 0));
-        shown.plan.setFloorplanColourSeatsEdge(QColor(70, 0, 0));
-        shown.plan.setFloorplanColourSeatsText(QColor(80, 0, 0));
-        shown.plan.setFloorplanColourSelected(QColor(90, 0, 0));
-        // A letter that fills the middle of its place.
-        QFont large = shown.plan.floorPlanFont();
-        large.setPixelSize(60);
-        shown.plan.setFloorPlanFont(large);
-        KWTable *table = shown.table("\u2588", KWTable::HeadTop, 2, {500, 400});
-        KWTable *other = shown.table("\u2588", KWTable::HeadTop, 2, {900, 400});
-        shown.seat({"\u2588"}, table, 0);
-        shown.plan.announceRefresh();
-        shown.canvas.setSelected(shown.canvas.itemOfTable(other));
-        const QColor colour = shown.painted({x, y});
-        QTEST(colour, "colour");
-    }
-
-    void hiddenSeatsArePaintedInTheColourOfTheRoomAndAreStillHit()
-    {
-        Plan shown;
-        shown.plan.setFloorplanColourInside(QColor(1, 2, 3));
-        shown.plan.setFloorplanColourSeats(Qt::yellow);
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        const KWSeatCanvasViewItem *seat = shown.canvas.itemOfSeat(table, 0);
-        shown.canvas.displaySeats(KWCanvas::None);
-        QCOMPARE(shown.painted(seat->pos()), QColor(1, 2, 3));
-        QCOMPARE(shown.painted(seat->pos() - QPointF(49.5, 0)), QColor(1, 2, 3));
-        QCOMPARE(shown.canvas.itemAtPoint(seat->pos()), seat);
-    }
-
-    void aSelectedSeatShowsItAtItsCircleUnlessItHasNone()
-    {
-        Plan shown;
-        shown.plan.setFloorplanColourSelected(QColor(9, 8, 7));
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        KWSeatCanvasViewItem *seat = shown.canvas.itemOfSeat(table, 0);
-        const QPointF edge = seat->pos() - QPointF(50, 0);
-        QVERIFY(shown.painted(edge) != QColor(9, 8, 7));
-        shown.canvas.setSelected(seat);
-        QCOMPARE(shown.painted(edge), QColor(9, 8, 7));
-        shown.canvas.displaySeats(KWCanvas::NameOnly);
-        QCOMPARE(shown.painted(edge), shown.plan.floorplanColourInside());
-        // Only the text does then.
-        QFont large = shown.plan.floorPlanFont();
-        large.setPixelSize(60);
-        shown.plan.setFloorPlanFont(large);
-        shown.seat({"\u2588"}, table, 0);
-        QCOMPARE(shown.painted(seat->pos()), QColor(9, 8, 7));
-    }
-
-    void aLockedVipChildInAGroupShowsItAllInASmallCircle()
-    {
-        Plan shown;
-        shown.plan.setFloorplanColourInside(Qt::white);
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        for (int i = 0; i < 19; ++i)
-            shown.plan.addGroup({}, s("G"), {});
-        KWGuest *guest = shown.seat({"", KWGuest::Undefined, true, true, KWGuest::Child}, table, 0,
-                                    shown.plan.groupAt(18));
-        shown.canvas.showAge(true);
-        shown.canvas.showGroups(true);
-        const QRectF seat = shown.canvas.itemOfSeat(table, 0)->area();
-        const auto picture = [&] {
-            QImage image(100, 100, QImage::Format_RGB32);
-            QPainter painter(&image);
-            painter.setRenderHint(QPainter::SmoothPixmapTransform);
-            shown.canvas.render(&painter, QRectF(0, 0, 100, 100), seat);
-            return image;
-        };
-        // A circle of 67 in the outer colour, one of 33 in the inner, the rest the floor's.
-        const QImage bare = picture();
-        QCOMPARE(bare.pixelColor(50, 18), QColor(0, 0, 255));
-        QCOMPARE(bare.pixelColor(50, 14), QColor(Qt::white));
-        QCOMPARE(bare.pixelColor(50, 36), QColor(0, 255, 0));
-        QCOMPARE(bare.pixelColor(50, 31), QColor(0, 0, 255));
-        const auto changed = [](const QImage &before, const QImage &after) {
-            QRegion region;
-            for (int y = 0; y < after.height(); ++y) {
-                for (int x = 0; x < after.width(); ++x) {
-                    if (before.pixel(x, y) != after.pixel(x, y))
-                        region += QRect(x, y, 1, 1);
-                }
-            }
-            return region;
-        };
-        // 63 wide and 67 high, from 18.5 and 13.5.
-        const QRect place(18, 13, 64, 68);
-        shown.canvas.showLocked(true);
-        const QImage locked = picture();
-        QVERIFY(!changed(bare, locked).isEmpty());
-        QVERIFY(place.contains(changed(bare, locked).boundingRect()));
-        shown.canvas.showVIP(true);
-        const QImage both = picture();
-        QVERIFY(!changed(locked, both).isEmpty());
-        QVERIFY(place.contains(changed(locked, both).boundingRect()));
-        // The VIP's lies over the lock: where it covers the seat alone, it does so with it, too.
-        shown.canvas.showLocked(false);
-        const QImage vip = picture();
-        int covered = 0;
-        for (int y = 0; y < 100; ++y) {
-            for (int x = 0; x < 100; ++x) {
-                const bool lockIsHidden = bare.pixel(x, y) != locked.pixel(x, y) &&
-                                          both.pixel(x, y) == vip.pixel(x, y) &&
-                                          both.pixel(x, y) != bare.pixel(x, y);
-                covered += lockIsHidden ? 1 : 0;
-            }
-        }
-        QVERIFY(covered > 0);
-        QVERIFY(guest->isVip());
-    }
-
     void aTableBeforeTheOriginIsBroughtToTheEdge()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *far = shown.table("F", KWTable::HeadTop, 2, {-2000000000, 400});
         KWTable *near = shown.table("N", KWTable::HeadTop, 2, {-90, -500});
         shown.plan.announceRefresh();
@@ -521,129 +227,9 @@ private slots:
         QCOMPARE(far->position(), QPoint(-2000000000, 400));
     }
 
-    void aSelectedRoomIsNotRepainted()
-    {
-        Plan shown;
-        bool changed = false;
-        connect(&shown.canvas, &QGraphicsScene::changed, this, [&changed] { changed = true; });
-        QTRY_VERIFY(changed);
-        changed = false;
-        shown.canvas.setSelected(shown.canvas.itemAtPoint({900, 900}));
-        QCoreApplication::processEvents();
-        QVERIFY(!changed);
-        QCOMPARE(shown.canvas.itemAtPoint({-0.4, 100}), nullptr);
-    }
-
-    void locksAndVipsAreMarked()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        shown.seat({"", KWGuest::Undefined, true, true}, table, 0);
-        const QRectF seat = shown.canvas.itemOfSeat(table, 0)->sceneBoundingRect();
-        const auto picture = [&] {
-            QImage image(100, 100, QImage::Format_RGB32);
-            QPainter painter(&image);
-            shown.canvas.render(&painter, QRectF(0, 0, 100, 100), seat);
-            painter.end();
-            return image;
-        };
-        const QImage bare = picture();
-        shown.canvas.showLocked(true);
-        const QImage locked = picture();
-        QVERIFY(locked != bare);
-        shown.canvas.showVIP(true);
-        QVERIFY(picture() != locked);
-        shown.canvas.showLocked(false);
-        QVERIFY(picture() != bare && picture() != locked);
-    }
-
-    void marksAreShownOnTheScreenAsInPictures()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::HeadTop, 1, {500, 400});
-        shown.seat({"", KWGuest::Undefined, true, true}, table, 0);
-        QGraphicsView view(&shown.canvas);
-        view.setRenderHint(QPainter::Antialiasing);
-        view.resize(300, 300);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        view.centerOn(shown.canvas.itemOfSeat(table, 0));
-        const QPoint seat = view.mapFromScene(shown.canvas.itemOfSeat(table, 0)->pos());
-        // The body of the lock, and the band of the crown.
-        const auto onScreen = [&] {
-            return view.viewport()->grab().toImage().pixelColor(seat + QPoint(-24, 28));
-        };
-        const auto inPicture = [&] {
-            return shown.painted(shown.canvas.itemOfSeat(table, 0)->pos() + QPointF(-24, 28));
-        };
-        for (const auto &[show, colour] : {std::pair{&KWCanvas::showLocked, QColor(163, 176, 194)},
-                                           std::pair{&KWCanvas::showVIP, QColor(243, 191, 91)}}) {
-            (shown.canvas.*show)(true);
-            QCOMPARE(onScreen(), colour);
-            QCOMPARE(inPicture(), colour);
-        }
-    }
-
-    void aChangeOfASeatRepaintsThatSeatOnly()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::HeadTop, 6, {700, 400});
-        KWGuest *guest = addGuest(shown.plan, {"A"});
-        QGraphicsView view(&shown.canvas);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QCoreApplication::processEvents();
-        view.centerOn(700, 400);
-        view.viewport()->repaint();
-        QRectF repainted;
-        connect(&shown.canvas, &QGraphicsScene::changed, this, [&](const QList<QRectF> &regions) {
-            for (const QRectF &region : regions)
-                repainted |= region;
-        });
-        const auto onlySeat = [&](int seat) {
-            const QRectF rect = shown.canvas.itemOfSeat(table, seat)->sceneBoundingRect();
-            return rect.adjusted(-3, -3, 3, 3).contains(std::exchange(repainted, QRectF()));
-        };
-        const KWSeatCanvasViewItem *item = shown.canvas.itemOfSeat(table, 2);
-        shown.plan.assignGuest(guest, table, 2, true);
-        QTRY_VERIFY(!repainted.isEmpty());
-        QVERIFY(onlySeat(2));
-        QCOMPARE(shown.canvas.itemOfGuest(guest), item);
-        shown.plan.unassignGuest(guest, true);
-        QTRY_VERIFY(!repainted.isEmpty());
-        QVERIFY(onlySeat(2));
-    }
-
-    void aTurnedTableOfTheSameShapeRepaintsTheSeatsThatChange()
-    {
-        Plan shown;
-        KWTable *table = shown.table("T", KWTable::Circular, 6, {700, 400});
-        shown.plan.assignGuest(addGuest(shown.plan, {"A"}), table, 0, false);
-        QGraphicsView view(&shown.canvas);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        QCoreApplication::processEvents();
-        view.centerOn(700, 400);
-        view.viewport()->repaint();
-        QRegion repainted;
-        connect(&shown.canvas, &QGraphicsScene::changed, this, [&](const QList<QRectF> &regions) {
-            for (const QRectF &region : regions)
-                repainted += region.toAlignedRect();
-        });
-        shown.plan.rotateTable(table);
-        const auto isRepainted = [&](int seat) {
-            return repainted.contains(shown.canvas.itemOfSeat(table, seat)->pos().toPoint());
-        };
-        QTRY_VERIFY(isRepainted(0) && isRepainted(1));
-        QVERIFY(!isRepainted(3));
-        repainted = {};
-        shown.plan.setTableName(table, s("U"));
-        QTRY_VERIFY(repainted.contains(QPoint(700, 400)));
-    }
-
     void thePictureHoldsAllTablesWithTheMarginOnTheColourOfTheRoom()
     {
-        Plan shown;
+        CanvasPlan shown;
         shown.plan.setFloorplanColourInside(QColor(1, 2, 3));
         shown.table("T", KWTable::HeadTop, 10, {600, 400});
         QCOMPARE(shown.canvas.itemBounds(0), QRectF(96, 250, 1008, 204));
@@ -659,7 +245,7 @@ private slots:
 
     void aPictureShowsNoSelection()
     {
-        Plan shown;
+        CanvasPlan shown;
         KWTable *table = shown.table("T", KWTable::HeadTop, 10, {600, 400});
         const QImage bare = shown.canvas.renderToPixmap(0.05).toImage();
         shown.canvas.setSelected(shown.canvas.itemOfTable(table));
@@ -669,7 +255,7 @@ private slots:
 
     void aPartOfThePlanIsDrawnWhereItIsWanted()
     {
-        Plan shown;
+        CanvasPlan shown;
         shown.plan.setFloorplanColourInside(QColor(1, 2, 3));
         shown.plan.setFloorplanColourTables(Qt::yellow);
         shown.table("T", KWTable::HeadTop, 10, {600, 400});
@@ -687,7 +273,7 @@ private slots:
 
     void anEmptyPlanGivesNoPicture()
     {
-        Plan shown;
+        CanvasPlan shown;
         QVERIFY(shown.canvas.renderToPixmap(0.05).isNull());
     }
 };
