@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # endtoend_floorplan.sh PROGRAM SCREENSHOT PICTURES [SCALE]: tables are dragged, inserted, turned,
-# deleted and brought back, and guests dragged to their seats, to each other's and out of the room,
-# by the hand that does it. What the saved plan says counts. SCREENSHOT is the program that takes
-# the pictures, which go to the directory PICTURES. SCALE is 2 for a fine screen.
+# deleted and brought back; guests are dragged to a seat, to each other's and out of the room. What
+# the saved plan says counts. SCREENSHOT is the program that takes the pictures, which go to the
+# directory PICTURES. SCALE is 2 for a fine screen.
 set -euo pipefail
 here=$(dirname "$(realpath "$0")")
 . "$here/../../support/person.sh"
@@ -258,9 +258,9 @@ xdotool key alt+i ctrl+a
 xdotool type -- anna
 wait_until 30 see_row || fail "Nobody is selected"
 # Without the pane at the bottom the floor plan is larger.
-before=$(extent "$around_colour")
+before=$(extent "$room_colour")
 xdotool key ctrl+Down
-wait_until 30 moved "$around_colour" "$before" || fail "The bottom pane stays"
+wait_until 30 moved "$room_colour" "$before" || fail "The bottom pane stays"
 zoom_out
 picture whole-room
 
