@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr double lineDepth = 100;
-
 KWCanvas::Display &sharedDisplay()
 {
     static KWCanvas::Display display;
@@ -355,11 +353,8 @@ void KWCanvas::addLine(const GuestPair &pair, int value)
     const KWSeatCanvasViewItem *to = itemOfGuest(pair.second);
     if (!from || !to)
         return;
-    auto *line = new QGraphicsLineItem(QLineF(from->pos().toPoint(), to->pos().toPoint()));
-    line->setPen(QPen(lineColour(value), 1));
-    line->setZValue(lineDepth);
-    addItem(line);
-    m_lines.append(line);
+    const QLineF line(from->pos().toPoint(), to->pos().toPoint());
+    m_lines.append(new KWLineCanvasViewItem(this, line, lineColour(value)));
 }
 
 void KWCanvas::hideAffinity()

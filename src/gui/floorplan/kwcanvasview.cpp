@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTimer>
 #include <QToolTip>
 
@@ -40,6 +41,8 @@ KWCanvasView::KWCanvasView(QWidget *parent, KWDocument *document)
     viewport()->setMouseTracking(true);
     languageChange();
     scaleBy(startZoom);
+    for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::actionTriggered, this, [this] { m_isFitted = false; });
     connect(document, &KWDocument::eventClear, this, &KWCanvasView::updateOnClear);
     connect(document, &KWDocument::eventRefresh, this, &KWCanvasView::updateOnRefresh);
     connect(document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvasView::updateOnRefresh);
@@ -290,6 +293,12 @@ void KWCanvasView::dragMoveEvent(QDragMoveEvent *event)
     const QPointF point = mapToScene(event->position().toPoint());
     event->setAccepted(event->mimeData()->hasFormat(KWDrag::GuestType) &&
                        acceptsDropOn(m_canvas.itemAtPoint(point)));
+}
+
+// The base class knows of no drag, as it was not told of it.
+void KWCanvasView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    event->accept();
 }
 
 void KWCanvasView::dropEvent(QDropEvent *event)

@@ -29,7 +29,8 @@ public:
     void setZoom(double factor);
     void zoomIn();
     void zoomOut();
-    /// As large as shows all tables.
+    /// As large as shows all tables, and so it stays when the view is resized, until the user zooms
+    /// or scrolls.
     void zoomCentre();
     bool canZoomIn() const;
     bool canZoomOut() const;
@@ -89,7 +90,9 @@ protected:
     void changeEvent(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     bool viewportEvent(QEvent *event) override;
 
 private:
@@ -110,6 +113,7 @@ private:
     bool dropOutside(const QList<KWGuest *> &guests);
     bool showTip(const QPoint &place, const QPoint &screenPlace);
     void scaleBy(double factor);
+    void fit();
 
     static constexpr double startZoom = 0.3;
 
@@ -120,6 +124,8 @@ private:
     QPointF m_tableStart;
     bool m_movingTable = false;
     bool m_dragStarted = false;
+    /// As zoomCentre() left it.
+    bool m_isFitted = false;
     /// What Ctrl and the wheel have turned towards the next step of the zoom, in eighths of a
     /// degree.
     int m_wheelTurn = 0;

@@ -169,6 +169,7 @@ void KWCanvasView::selectGuest(KWGuest *guest)
     if (!seat)
         return;
     landTable();
+    m_isFitted = false;
     m_canvas.setSelected(seat);
     centerOn(seat->pos());
 }
@@ -212,6 +213,7 @@ QPointF KWCanvasView::centre() const
 
 void KWCanvasView::setZoom(double factor)
 {
+    m_isFitted = false;
     const QPointF centre = this->centre();
     scaleBy(factor);
     centerOn(centre);
@@ -236,6 +238,20 @@ void KWCanvasView::zoomOut()
 void KWCanvasView::zoomCentre()
 {
     const KWBusy busy;
+    m_isFitted = true;
+    fit();
+}
+
+void KWCanvasView::resizeEvent(QResizeEvent *event)
+{
+    QGraphicsView::resizeEvent(event);
+    // Also when the scroll bars that it brings take their room.
+    if (m_isFitted)
+        fit();
+}
+
+void KWCanvasView::fit()
+{
     const QRectF bounds = m_canvas.itemBounds(0);
     if (bounds.isEmpty()) {
         scaleBy(startZoom / zoom());

@@ -16,6 +16,7 @@ namespace {
 constexpr double roomDepth = -1;
 constexpr double seatDepth = 1;
 constexpr double tableDepth = 2;
+constexpr double lineDepth = 100;
 constexpr double markedWidth = 2;
 
 /// The plan's font with its size in canvas units, so that it is the same on every device.
@@ -28,6 +29,15 @@ QFont canvasFont(const KWDocument &document)
     const double units = points > 0 ? points * unitsPerPoint : font.pixelSize();
     font.setPixelSize(qBound(1, qRound(units), largest));
     return font;
+}
+
+/// In canvas units, but where they are smaller than pixels in pixels: a line is always seen.
+QPen linePen(const QPainter *painter, const QColor &colour, double width = 1)
+{
+    QPen pen(colour, width);
+    pen.setCosmetic(
+        QStyleOptionGraphicsItem::levelOfDetailFromTransform(painter->worldTransform()) < 1);
+    return pen;
 }
 
 /// The marks at seats, for any scale.
@@ -165,9 +175,10 @@ void KWSeatCanvasViewItem::paintCircle(QPainter *painter, const KWGuest *guest,
                                        double diameter) const
 {
     const bool circle = KWCanvas::display().showsCircle();
-    QPen pen(circle ? document()->floorplanColourSeatsEdge() : document()->floorplanColourInside());
+    QPen pen = linePen(painter, circle ? document()->floorplanColourSeatsEdge()
+                                       : document()->floorplanColourInside());
     if (circle && isMarked())
-        pen = QPen(canvas()->selectionColour(), markedWidth);
+        pen = linePen(painter, canvas()->selectionColour(), markedWidth);
     painter->setPen(pen);
     painter->setBrush(fillColour(guest));
     painter->drawEllipse(QPointF(), diameter / 2, diameter / 2);
@@ -290,8 +301,8 @@ void KWTableCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsI
         return;
     const KWDocument &plan = *document();
     painter->setBrush(plan.floorplanColourTables());
-    painter->setPen(isMarked() ? QPen(canvas()->selectionColour(), markedWidth)
-                               : QPen(plan.floorplanColourTablesEdge()));
+    painter->setPen(isMarked() ? linePen(painter, canvas()->selectionColour(), markedWidth)
+                               : linePen(painter, plan.floorplanColourTablesEdge()));
     const QRectF body(QPointF(-size.width() / 2, -size.height() / 2), size);
     if (m_table->shape() == KWTable::Circular)
         painter->drawEllipse(body);
@@ -313,4 +324,19 @@ KWRoomCanvasViewItem::KWRoomCanvasViewItem(KWCanvas *canvas)
 void KWRoomCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
     painter->fillRect(rect(), m_canvas->document()->floorplanColourInside());
+}
+
+KWLineCanvasViewItem::KWLineCanvasViewItem(KWCanvas *canvas, const QLineF &line,
+                                           const QColor &colour)
+    : QGraphicsLineItem(line)
+{
+    setZValue(lineDepth);
+    setPen(QPen(colour, 1));
+    canvas->addItem(this);
+}
+
+void KWLineCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    painter->setPen(linePen(painter, pen().color(), pen().widthF()));
+    painter->drawLine(line());
 }

@@ -131,3 +131,13 @@ public:
 private:
     KWCanvas *m_canvas;
 };
+
+/// A line between two seats, over everything.
+class KWLineCanvasViewItem : public QGraphicsLineItem
+{
+public:
+    /// The line in canvas units.
+    KWLineCanvasViewItem(KWCanvas *canvas, const QLineF &line, const QColor &colour);
+
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+};

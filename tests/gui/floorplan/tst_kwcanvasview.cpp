@@ -5,6 +5,7 @@
 
 #include <QClipboard>
 #include <QScrollBar>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 namespace {
@@ -242,6 +243,41 @@ private slots:
         shown.view.setZoom(5);
         shown.view.zoomCentre();
         QCOMPARE(shown.view.zoom(), 0.3);
+    }
+
+    void aFittedPlanStaysFittedUntilTheUserZoomsOrScrolls_data()
+    {
+        QTest::addColumn<QString>("act");
+        QTest::addColumn<bool>("staysFitted");
+        QTest::newRow("nothing") << s("nothing") << true;
+        QTest::newRow("zoom") << s("zoom") << false;
+        QTest::newRow("scroll") << s("scroll") << false;
+        QTest::newRow("show a guest") << s("show") << false;
+    }
+
+    void aFittedPlanStaysFittedUntilTheUserZoomsOrScrolls()
+    {
+        QFETCH(QString, act);
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::HeadTop, 10, {1000, 800});
+        KWGuest *ann = shown.seat("Ann", table, 0);
+        shown.view.zoomCentre();
+        const double fitted = shown.view.zoom();
+        if (act == u"zoom")
+            shown.view.zoomIn();
+        else if (act == u"scroll")
+            shown.view.horizontalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
+        else if (act == u"show")
+            shown.view.selectGuest(ann);
+        const double before = shown.view.zoom();
+        shown.view.resize(500, 600);
+        QFETCH(bool, staysFitted);
+        QCOMPARE(shown.view.zoom() < before, staysFitted);
+        if (staysFitted) {
+            QVERIFY(shown.view.zoom() < fitted);
+            QVERIFY((shown.view.centre() - shown.canvas.itemBounds(0).center()).manhattanLength() <
+                    3 / shown.view.zoom());
+        }
     }
 
     void ctrlAndTheWheelZoomWithinTheLimits()
