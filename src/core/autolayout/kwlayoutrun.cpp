@@ -25,6 +25,8 @@ public:
                    options.maxGenerationsUnimproved, populationSize, mutationFactor,
                    crossoverFactor, startFactor)
     {
+        if (hooks.copier)
+            m_solver.setCopier(hooks.copier);
     }
 
     KWLayoutResult run()

@@ -31,6 +31,8 @@ struct KWLayoutHooks
     /// Lets the program answer its user; whatever sets the plan's abort flag is called from here.
     std::function<void()> processEvents = [] {};
     std::function<void(const KWLayoutProgress &progress)> progress = [](const auto &) {};
+    /// Makes the candidates in the place of the solver's own way.
+    KWGeneticSolver::Copier copier = {};
 };
 
 /// What a layout run did.

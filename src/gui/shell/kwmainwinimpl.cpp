@@ -11,6 +11,7 @@
 #include "kwguestdlgimpl.h"
 #include "kwhelpcommands.h"
 #include "kwinsertcommands.h"
+#include "kwlayoutcommands.h"
 #include "kwlefttab.h"
 #include "kwmessages.h"
 #include "kwmodelhooks.h"
@@ -61,7 +62,9 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
     m_ui->m_exportMenu->setIcon(m_ui->m_exportAction->icon());
     disableUnbuiltCommands();
     connect(&m_document, &KWDocument::eventDocumentNameChange, this, &KWMainWinImpl::updateCaption);
-    connect(&m_document, &KWDocument::error, this, &KWMainWinImpl::handleDocError);
+    // Its message waits until the views have followed the plan that the error is about.
+    connect(&m_document, &KWDocument::error, this, &KWMainWinImpl::handleDocError,
+            Qt::QueuedConnection);
     connect(&m_document, qOverload<>(&KWDocument::eventScoreChange), this,
             &KWMainWinImpl::updateScore);
     m_userSettings = std::make_unique<KWUserSettings>();
@@ -75,6 +78,7 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
     m_fileCommands = new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, clock);
     m_helpCommands = new KWHelpCommands(this, m_ui.get(), this);
     m_insertCommands = new KWInsertCommands(this, m_ui.get(), this);
+    m_layoutCommands = new KWLayoutCommands(this, m_ui.get(), this);
     m_exportCommands = new KWExportCommands(this, this, m_panes, m_fileCommands);
     connect(m_ui->m_exportFloorPlanAction, &QAction::triggered, m_exportCommands,
             &KWExportCommands::fileExportFloorPlan);
@@ -138,10 +142,10 @@ void KWMainWinImpl::setModelHooks()
 
 void KWMainWinImpl::disableUnbuiltCommands()
 {
-    for (QAction *action : {m_ui->m_fileAutoLayoutAction, m_ui->m_importDataAction,
-                            m_ui->m_exportDataAction, m_ui->m_exportTableChartAction,
-                            m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
-                            m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction})
+    for (QAction *action :
+         {m_ui->m_importDataAction, m_ui->m_exportDataAction, m_ui->m_exportTableChartAction,
+          m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
+          m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction})
         action->setEnabled(false);
 }
 
@@ -321,6 +325,7 @@ void KWMainWinImpl::updateChangedDoc()
     m_fileCommands->setChangedSinceBackup(true);
     updateScore();
     m_ui->m_exportFloorPlanAction->setEnabled(!m_document.isEmpty());
+    m_ui->m_fileAutoLayoutAction->setEnabled(m_document.guestCount() > 0);
     updatePrintAction();
     updateCopyAction();
 }
@@ -355,6 +360,10 @@ void KWMainWinImpl::fileExit()
 
 void KWMainWinImpl::closeEvent(QCloseEvent *event)
 {
+    if (m_layoutCommands->isRunning()) {
+        event->ignore();
+        return;
+    }
     event->setAccepted(m_fileCommands->maySaveAndClose());
     m_userSettings->setAppearanceMaximised(isMaximized());
 }

@@ -14,6 +14,7 @@ class KWFileCommands;
 class KWHelpCommands;
 class KWExportCommands;
 class KWInsertCommands;
+class KWLayoutCommands;
 class KWPanes;
 class KWSplashScreen;
 class KWStatusBar;
@@ -105,4 +106,5 @@ private:
     KWHelpCommands *m_helpCommands;
     KWInsertCommands *m_insertCommands;
     KWExportCommands *m_exportCommands;
+    KWLayoutCommands *m_layoutCommands;
 };

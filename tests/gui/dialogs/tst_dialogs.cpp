@@ -2,6 +2,7 @@
 #include "dialogtest.h"
 #include "fakemainwindow.h"
 #include "kwaboutdlgimpl.h"
+#include "kwautolayoutprogressdlgimpl.h"
 #include "kwconfigurablewarningdlgimpl.h"
 #include "kwcreditsdlg.h"
 #include "kwgetstringdlgimpl.h"
@@ -117,6 +118,10 @@ const QList<DialogRow> &dialogs()
          {s("Alt+A: m_backupAutoCheckBox, qt_tabwidget_tabbar")}},
         {"information", information, {s("Alt+C: m_cancelPushButton, m_costPerChildLabel")}},
         {"recently opened", recentlyOpened},
+        {"auto layout",
+         [](FakeMainWindow &window) {
+             return std::make_unique<KWAutoLayoutProgressDlgImpl>(nullptr, window.document());
+         }},
         {"getting started",
          [](FakeMainWindow &window) {
              return std::make_unique<KWGettingStartedDlgImpl>(nullptr, window.userSettings());

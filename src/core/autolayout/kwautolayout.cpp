@@ -1,0 +1,73 @@
+#include "kwautolayout.h"
+
+#include "kwgaevent.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+/// Blocks a plan's events while it lives.
+class EventBlock
+{
+public:
+    explicit EventBlock(KWDocument &document)
+        : m_document(document)
+    {
+        m_document.blockEvents();
+    }
+    ~EventBlock() { m_document.unblockEvents(); }
+    EventBlock(const EventBlock &) = delete;
+    EventBlock &operator=(const EventBlock &) = delete;
+
+private:
+    KWDocument &m_document;
+};
+
+KWLayoutHooks hooksFor(const KWDocument &document, QObject *dialog,
+                       const KWGeneticSolver::Copier &copier)
+{
+    KWLayoutHooks hooks;
+    hooks.processEvents = [&document] {
+        // A dialog that was told to stop is gone, and no longer keeps input from the other windows.
+        QCoreApplication::processEvents(
+            document.abortRequested() ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
+    };
+    if (dialog) {
+        hooks.progress = [dialog](const KWLayoutProgress &progress) {
+            constexpr int generationSteps = 10;
+            const int steps = progress.inStartStage
+                                  ? progress.done
+                                  : progress.total + progress.done * generationSteps;
+            QCoreApplication::postEvent(dialog, new KWGAEvent(steps, progress.score));
+        };
+    }
+    hooks.copier = copier;
+    return hooks;
+}
+} // namespace
+
+void autoLayout(KWDocument &document, QObject *dialog, const KWLayoutOptions &options,
+                const KWGeneticSolver::Copier &copier)
+{
+    KWLayoutResult result;
+    try {
+        emit document.eventPrepareAutoLayout();
+        const EventBlock block(document);
+        result = runLayout(document, options, hooksFor(document, dialog, copier));
+    } catch (...) {
+        // The floor plan stands empty since the start.
+        document.announceRefresh();
+        throw;
+    }
+    if (result.stoppedBy == KWLayoutResult::Memory)
+        emit document.error(
+            KWDocument::tr("Insufficient memory available to complete calculation."));
+    else if (result.generations == 0)
+        emit document.error(
+            KWDocument::tr("The automatic layout did not have enough time to compute a good "
+                           "solution.\nTry increasing the time allowed in the Preferences "
+                           "window."));
+    document.setModified(true);
+    document.announceRefresh();
+    document.announceModified();
+}

@@ -1,0 +1,76 @@
+#include "kwautolayoutprogressdlgimpl.h"
+
+#include "kwaccel.h"
+#include "kwautolayout.h"
+#include "kwdocument.h"
+#include "kwgaevent.h"
+#include "kwmainwindow.h"
+#include "kwstylehelper.h"
+#include "kwusersettings.h"
+#include "kwwhatsthishelper.h"
+#include "ui_kwautolayoutprogressdlg.h"
+
+#include <QCloseEvent>
+
+KWAutoLayoutProgressDlgImpl::KWAutoLayoutProgressDlgImpl(QWidget *parent, KWDocument *document)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::KWAutoLayoutProgressDlg>())
+    , m_document(document)
+{
+    m_ui->setupUi(this);
+    const QString score = QString::number(document->totalScore());
+    m_ui->m_startScoreLabel->setText(score);
+    m_ui->m_currentScoreLabel->setText(score);
+    addAccel(this, Qt::Key_Escape, this, &QWidget::close);
+    new KWWhatsThisHelper(this);
+    new KWStyleHelper(this);
+}
+
+KWAutoLayoutProgressDlgImpl::~KWAutoLayoutProgressDlgImpl() = default;
+
+void KWAutoLayoutProgressDlgImpl::runAutoLayout()
+{
+    show();
+    KWLayoutOptions options;
+    if (KWMainWindow *window = mainWin()) {
+        const KWUserSettings &settings = *window->userSettings();
+        options = {.stopCriteria = settings.solverStopCriteria(),
+                   .maxSeconds = settings.solverMaxSeconds(),
+                   .maxGenerationsUnimproved = settings.solverMaxGenerationsUnimproved()};
+    }
+    autoLayout(*m_document, this, options);
+}
+
+void KWAutoLayoutProgressDlgImpl::updateProgress(int progress)
+{
+    m_ui->m_progressBar->setValue(progress);
+}
+
+void KWAutoLayoutProgressDlgImpl::updateCurrentScore(int score)
+{
+    m_ui->m_currentScoreLabel->setText(QString::number(score));
+}
+
+void KWAutoLayoutProgressDlgImpl::closeEvent(QCloseEvent *event)
+{
+    m_document->abortProcessing();
+    QDialog::closeEvent(event);
+}
+
+void KWAutoLayoutProgressDlgImpl::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_ui->retranslateUi(this);
+}
+
+void KWAutoLayoutProgressDlgImpl::customEvent(QEvent *event)
+{
+    if (event->type() != KWGAEvent::EventType) {
+        qWarning("Unknown custom event type: %d", event->type());
+        return;
+    }
+    const auto *step = static_cast<const KWGAEvent *>(event);
+    updateCurrentScore(step->score());
+    updateProgress(step->progress());
+}
