@@ -5,7 +5,6 @@
 
 #include <QClipboard>
 #include <QScrollBar>
-#include <QScrollBar>
 #include <QWheelEvent>
 
 namespace {

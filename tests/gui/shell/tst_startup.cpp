@@ -323,7 +323,7 @@ private slots:
         OpenWindow open;
         open.prompts.answer(s("&OK"));
         emit open.plan().error(s("It failed."));
-        QCOMPARE(open.prompts.texts(), QStringList{s("It failed.")});
+        QTRY_COMPARE(open.prompts.texts(), QStringList{s("It failed.")});
         QCOMPARE(open.prompts.messages.first().icon, KWMessage::Critical);
     }
 
