@@ -75,8 +75,10 @@ const QSet<QString> &programTexts()
         // entries that name what they work on
         u"Undo Edit Information"_s, u"Redo Edit Information"_s, u"Undo Insert guest"_s,
         u"Undo Edit guest"_s, u"Undo Edit group"_s, u"Undo New table(s)"_s, u"Undo Edit table"_s,
-        u"Copy Floor plan"_s, u"Print Floor plan..."_s, u"Print Table chart..."_s,
-        u"Print Guest chart..."_s,
+        u"Undo Auto layout"_s, u"Copy Floor plan"_s, u"Print Floor plan..."_s,
+        u"Print Table chart..."_s, u"Print Guest chart..."_s,
+        // the layout
+        u"Stop (Esc)"_s,
         // panes
         u"Guests"_s, u"Groups"_s, u"Floor plan"_s, u"Schematic"_s, u"Table chart"_s,
         u"Guest chart"_s, u"Statistics"_s,
