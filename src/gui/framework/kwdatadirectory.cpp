@@ -2,9 +2,16 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QStandardPaths>
 
 QString dataDirectory()
 {
     return QDir::cleanPath(QCoreApplication::applicationDirPath() +
                            QStringLiteral("/../share/ambrelune"));
+}
+
+QString userDataDirectory()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           QStringLiteral("/Veltrace/Ambrelune");
 }

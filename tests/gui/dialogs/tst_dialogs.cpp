@@ -3,6 +3,7 @@
 #include "fakemainwindow.h"
 #include "kwaboutdlgimpl.h"
 #include "kwautolayoutprogressdlgimpl.h"
+#include "kwcoloursandfontsdlgimpl.h"
 #include "kwconfigurablewarningdlgimpl.h"
 #include "kwcreditsdlg.h"
 #include "kwgetstringdlgimpl.h"
@@ -108,6 +109,13 @@ Dialog editCustomTable(FakeMainWindow &window)
     return std::make_unique<KWTableDlgImpl>(nullptr, &plan, table);
 }
 
+Dialog coloursAndFonts(FakeMainWindow &window, KWColoursAndFontsDlgImpl::Mode mode)
+{
+    auto dialog = std::make_unique<KWColoursAndFontsDlgImpl>(nullptr, window.document(), mode);
+    child<QListWidget>(*dialog, "m_themeListBox")->setCurrentRow(2);
+    return dialog;
+}
+
 const QList<DialogRow> &dialogs()
 {
     static const QList<DialogRow> all{
@@ -149,6 +157,18 @@ const QList<DialogRow> &dialogs()
         {"edit group", editGroup, {s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
         {"insert circular tables", insertTables},
         {"edit custom table", editCustomTable},
+        {"colours of the floor plan",
+         [](FakeMainWindow &window) {
+             return coloursAndFonts(window, KWColoursAndFontsDlgImpl::FloorPlan);
+         }},
+        {"colours of the table chart",
+         [](FakeMainWindow &window) {
+             return coloursAndFonts(window, KWColoursAndFontsDlgImpl::TableChart);
+         }},
+        {"colours of the guest chart",
+         [](FakeMainWindow &window) {
+             return coloursAndFonts(window, KWColoursAndFontsDlgImpl::GuestChart);
+         }},
     };
     return all;
 }

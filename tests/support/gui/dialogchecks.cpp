@@ -116,8 +116,8 @@ bool fits(const QWidget *widget)
     if (const auto *label = qobject_cast<const QLabel *>(widget)) {
         if (label->wordWrap())
             return label->heightForWidth(label->width()) <= label->height();
-        return label->sizeHint().width() <= label->width() &&
-               label->sizeHint().height() <= label->height();
+        return label->minimumSizeHint().width() <= label->width() &&
+               label->minimumSizeHint().height() <= label->height();
     }
     if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
         return !edit->isReadOnly() ||

@@ -1,0 +1,266 @@
+#include "kwthemefile.h"
+
+#include "kwplantext.h"
+#include "kwsafefile.h"
+
+#include <QCollator>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The colours in the order of a line, behind the name and before the font.
+constexpr std::array colourFields{
+    &KWColours::tables, &KWColours::tablesEdge, &KWColours::seats,     &KWColours::seatsEdge,
+    &KWColours::inside, &KWColours::outside,    &KWColours::seatsText, &KWColours::tableText};
+constexpr qsizetype fontField = 1 + colourFields.size();
+constexpr qsizetype selectedField = fontField + 1;
+constexpr QChar separator = u'^';
+
+KWTheme whiteTheme()
+{
+    KWTheme theme;
+    for (const auto field : colourFields)
+        theme.colours.*field = Qt::white;
+    return theme;
+}
+
+/// White unless there are three numbers; each is brought into 0..255.
+QColor toColour(const QString &text)
+{
+    QList<int> parts;
+    for (const QString &part : text.split(u',')) {
+        bool isNumber = false;
+        parts.append(qBound(0, part.toInt(&isNumber), 255));
+        if (!isNumber)
+            return Qt::white;
+    }
+    return parts.size() == 3 ? QColor(parts[0], parts[1], parts[2]) : QColor(Qt::white);
+}
+
+/// A field without what would end it or its line.
+QString toField(QString text)
+{
+    text.remove(separator);
+    for (const QChar end : {u'\r', u'\n'})
+        text.replace(end, u' ');
+    return text;
+}
+
+/// Nothing if there is no such file, or if it cannot be read to its end.
+std::optional<QByteArray> content(const QString &path)
+{
+    QFile file(path);
+    // Opening a pipe would wait for somebody to write into it.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
+}
+
+QList<QByteArray> toLines(const QByteArray &bytes)
+{
+    QList<QByteArray> lines = bytes.split('\n');
+    for (QByteArray &line : lines) {
+        if (line.endsWith('\r'))
+            line.chop(1);
+    }
+    if (lines.constLast().isEmpty())
+        lines.removeLast();
+    return lines;
+}
+
+QString nameIn(const QByteArray &line)
+{
+    return KWThemeFile::nameOf(QString::fromUtf8(line));
+}
+
+bool contains(const QStringList &names, const QString &name)
+{
+    return std::ranges::any_of(
+        names, [&](const QString &other) { return KWThemeFile::isSameName(name, other); });
+}
+
+void removeLines(QList<QByteArray> &lines, const QString &name)
+{
+    lines.removeIf(
+        [&](const QByteArray &line) { return KWThemeFile::isSameName(nameIn(line), name); });
+}
+
+void logFailure(const QString &text, const QString &path)
+{
+    qWarning("%s", qUtf8Printable(text.arg(path)));
+}
+} // namespace
+
+KWThemeFile::KWThemeFile(const QString &ownDirectory, const QString &shippedDirectory)
+    : m_ownDirectory(ownDirectory)
+    , m_shippedDirectory(shippedDirectory)
+{
+}
+
+QString KWThemeFile::path() const
+{
+    return QFileInfo::exists(ownPath()) ? ownPath() : m_shippedDirectory + fileName();
+}
+
+QString KWThemeFile::tidyName(const QString &typed)
+{
+    return toField(typed).trimmed();
+}
+
+bool KWThemeFile::isSameName(const QString &one, const QString &other)
+{
+    return one.toLower() == other.toLower();
+}
+
+QString KWThemeFile::nameOf(const QString &line)
+{
+    return line.trimmed().section(separator, 0, 0);
+}
+
+void KWThemeFile::readLine(const QString &line, KWTheme &theme)
+{
+    const QStringList fields = line.trimmed().split(separator);
+    theme.name = fields.first();
+    for (std::size_t i = 0; i < colourFields.size(); ++i) {
+        const auto field = static_cast<qsizetype>(i) + 1;
+        if (field < fields.size())
+            theme.colours.*colourFields[i] = toColour(fields.at(field));
+    }
+    if (fontField < fields.size())
+        theme.colours.font = KWPlanText::toFont(fields.at(fontField));
+    theme.colours.selected = selectedField < fields.size() ? toColour(fields.at(selectedField))
+                                                           : KWColours::highlightColour();
+}
+
+QString KWThemeFile::toLine(const KWTheme &theme)
+{
+    QStringList fields{theme.name};
+    for (const auto field : colourFields)
+        fields.append(KWPlanText::fromColour(theme.colours.*field));
+    fields.append(KWPlanText::fromFont(theme.colours.font));
+    // A theme without a colour of its own follows the desktop it is used on.
+    if (theme.colours.selected.rgb() != KWColours::highlightColour().rgb())
+        fields.append(KWPlanText::fromColour(theme.colours.selected));
+    for (QString &field : fields)
+        field = toField(field);
+    return fields.join(separator);
+}
+
+QStringList KWThemeFile::names() const
+{
+    QStringList names;
+    if (const auto bytes = content(path())) {
+        for (const QByteArray &line : toLines(*bytes))
+            names.append(nameIn(line));
+        names.removeAll(QString());
+    } else {
+        logFailure(u"Unable to read themes from '%1'"_s, path());
+    }
+    takeUpdates(names);
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::ranges::stable_sort(names, collator);
+    return names;
+}
+
+KWThemeFile::Result KWThemeFile::load(const QString &name, KWTheme &theme) const
+{
+    const auto bytes = content(path());
+    if (!bytes)
+        return Unreadable;
+    for (const QByteArray &line : toLines(*bytes)) {
+        if (!isSameName(nameIn(line), name))
+            continue;
+        theme = whiteTheme();
+        readLine(QString::fromUtf8(line), theme);
+        return Done;
+    }
+    return NotFound;
+}
+
+// The old line goes and the new one comes in a single write: neither can be lost in between.
+KWThemeFile::Result KWThemeFile::save(const KWTheme &theme, bool replace) const
+{
+    auto lines = linesToChange();
+    if (!lines)
+        return Unwritable;
+    if (replace)
+        removeLines(*lines, theme.name);
+    lines->append(toLine(theme).toUtf8());
+    return write(*lines) ? Done : Unwritable;
+}
+
+KWThemeFile::Result KWThemeFile::remove(const QString &name) const
+{
+    const auto bytes = content(path());
+    if (!bytes)
+        return Unreadable;
+    Lines lines = toLines(*bytes);
+    removeLines(lines, name);
+    return write(lines) ? Done : Unwritable;
+}
+
+std::optional<KWThemeFile::Lines> KWThemeFile::linesToChange() const
+{
+    if (!QFileInfo::exists(path()))
+        return Lines();
+    const auto bytes = content(path());
+    return bytes ? std::optional(toLines(*bytes)) : std::nullopt;
+}
+
+bool KWThemeFile::write(const Lines &lines) const
+{
+    QByteArray bytes;
+    for (const QByteArray &line : lines)
+        bytes += line + "\r\n";
+    KWSafeFile file(ownPath(), false);
+    return QDir().mkpath(m_ownDirectory) && file.open() && file.commit(bytes);
+}
+
+// An update that cannot be deleted, as it lies in a read-only place beside the program, would bring
+// back each time what the user has deleted since. A copy of it says that it was taken in.
+void KWThemeFile::takeUpdates(QStringList &names) const
+{
+    const QString taken = m_ownDirectory + u"/themes_update_taken.txt"_s;
+    for (const QString &directory : {m_ownDirectory, m_shippedDirectory}) {
+        const QString path = directory + u"/themes_update.txt"_s;
+        const auto update = content(path);
+        if (!update || (directory == m_shippedDirectory && update == content(taken)))
+            continue;
+        if (!takeUpdate(toLines(*update), names)) {
+            logFailure(u"Unable to write themes to '%1'"_s, ownPath());
+            continue;
+        }
+        KWSafeFile note(taken, false);
+        if (!QFile::remove(path) && QDir().mkpath(m_ownDirectory) && note.open())
+            note.commit(*update);
+    }
+}
+
+bool KWThemeFile::takeUpdate(const Lines &update, QStringList &names) const
+{
+    auto lines = linesToChange();
+    if (!lines)
+        return false;
+    QStringList all = names;
+    for (const QByteArray &line : update) {
+        const QString name = nameIn(line);
+        if (name.isEmpty() || contains(all, name))
+            continue;
+        all.append(name);
+        lines->append(line);
+    }
+    if (all == names)
+        return true;
+    if (!write(*lines))
+        return false;
+    names = all;
+    return true;
+}

@@ -1,0 +1,61 @@
+#include "kwcolourbutton.h"
+
+#include "kwprompts.h"
+
+#include <QEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+KWColourButton::KWColourButton(QWidget *parent)
+    : QFrame(parent)
+    , m_button(new QPushButton(QStringLiteral("..."), this))
+    , m_interior(new QFrame(m_button))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setObjectName(QStringLiteral("layout"));
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_button);
+
+    // The colour covers the button's text and leaves its edge, which shows the focus.
+    auto *face = new QVBoxLayout(m_button);
+    constexpr int edge = 4;
+    face->setContentsMargins(edge, edge, edge, edge);
+    face->addWidget(m_interior);
+    m_interior->setObjectName(QStringLiteral("KWColourButton interior"));
+    m_interior->setFrameShape(QFrame::Box);
+    m_interior->setAutoFillBackground(true);
+    m_interior->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+    m_button->setAutoDefault(false);
+    setFocusProxy(m_button);
+    connect(m_button, &QPushButton::clicked, this, &KWColourButton::changeColour);
+}
+
+QColor KWColourButton::colour() const
+{
+    return m_interior->palette().color(m_interior->backgroundRole());
+}
+
+void KWColourButton::setColour(const QColor &colour)
+{
+    QPalette palette = m_interior->palette();
+    palette.setColor(m_interior->backgroundRole(), colour);
+    m_interior->setPalette(palette);
+}
+
+void KWColourButton::changeColour()
+{
+    const std::optional<QColor> chosen = prompts().askColour(this, colour());
+    if (!chosen)
+        return;
+    setColour(*chosen);
+    emit colourChanged(*chosen);
+}
+
+bool KWColourButton::event(QEvent *event)
+{
+    // Those who cannot see the colour are told what it is for.
+    if (event->type() == QEvent::ToolTipChange)
+        m_button->setAccessibleName(toolTip());
+    return QFrame::event(event);
+}
