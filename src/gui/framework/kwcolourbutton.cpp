@@ -23,6 +23,7 @@ KWColourButton::KWColourButton(QWidget *parent)
     face->addWidget(m_interior);
     m_interior->setObjectName(QStringLiteral("KWColourButton interior"));
     m_interior->setFrameShape(QFrame::Box);
+    m_interior->setBackgroundRole(QPalette::Window);
     m_interior->setAutoFillBackground(true);
     m_interior->setAttribute(Qt::WA_TransparentForMouseEvents);
 
@@ -33,13 +34,13 @@ KWColourButton::KWColourButton(QWidget *parent)
 
 QColor KWColourButton::colour() const
 {
-    return m_interior->palette().color(m_interior->backgroundRole());
+    return m_interior->palette().color(QPalette::Window);
 }
 
 void KWColourButton::setColour(const QColor &colour)
 {
     QPalette palette = m_interior->palette();
-    palette.setColor(m_interior->backgroundRole(), colour);
+    palette.setColor(QPalette::Window, colour);
     m_interior->setPalette(palette);
 }
 
