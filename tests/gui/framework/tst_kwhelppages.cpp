@@ -75,8 +75,8 @@ const QSet<QString> &programTexts()
         // entries that name what they work on
         u"Undo Edit Information"_s, u"Redo Edit Information"_s, u"Undo Insert guest"_s,
         u"Undo Edit guest"_s, u"Undo Edit group"_s, u"Undo New table(s)"_s, u"Undo Edit table"_s,
-        u"Undo Auto layout"_s, u"Copy Floor plan"_s, u"Print Floor plan..."_s,
-        u"Print Table chart..."_s, u"Print Guest chart..."_s,
+        u"Undo Auto layout"_s, u"Undo Change colours and fonts"_s, u"Copy Floor plan"_s,
+        u"Print Floor plan..."_s, u"Print Table chart..."_s, u"Print Guest chart..."_s,
         // the layout
         u"Stop (Esc)"_s,
         // panes
@@ -103,6 +103,9 @@ const QSet<QString> &programTexts()
         // Insert table, Table properties
         u"Shape:"_s, u"circular"_s, u"rectangular"_s, u"Head (seats at top)"_s,
         u"Head (seats at left)"_s, u"Custom"_s, u"Seats:"_s, u"Create:"_s,
+        // Fonts and colours
+        u"Seat:"_s, u"Table:"_s, u"Drawing area:"_s, u"Selected:"_s, u"Background:"_s, u"Text:"_s,
+        u"Font..."_s, u"More fonts"_s, u"Default"_s, u"Load"_s, u"Del"_s, u"Preview"_s,
         // Preferences
         u"Preferences"_s, u"General"_s, u"Auto layout"_s, u"when saved"_s, u"automatically every"_s,
         u"warn on delete guest or group"_s, u"warn on delete table"_s,
@@ -183,7 +186,8 @@ void TestHelpPages::everyWindowThatTheProgramHasAPageFor_data()
           u"Information_window.htm"_s, u"Insert_guest_window.htm"_s,
           u"Guest_properties_window.htm"_s, u"Group_properties_window.htm"_s,
           u"Insert_table_window.htm"_s, u"Table_properties_window.htm"_s,
-          u"Preferences_window.htm"_s, u"Most_recently_accessed_window.htm"_s})
+          u"Fonts_and_colours_window.htm"_s, u"Preferences_window.htm"_s,
+          u"Most_recently_accessed_window.htm"_s})
         QTest::newRow(qPrintable(topic)) << topic;
 }
 
