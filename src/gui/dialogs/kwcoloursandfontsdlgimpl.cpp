@@ -239,6 +239,9 @@ void KWColoursAndFontsDlgImpl::apply()
     for (const Part &part : parts(*m_ui, m_mode))
         (m_document->*part.set)(part.button->colour());
     (m_document->*fontOfPlan(m_mode).set)(m_font);
+    // Or closing would lose them without a question.
+    m_document->setModified(true);
+    m_document->announceModified();
     accept();
 }
 

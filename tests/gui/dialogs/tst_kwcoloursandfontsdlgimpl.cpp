@@ -244,6 +244,8 @@ private slots:
         } window;
         KWDocument &plan = *window.document();
         fill(plan);
+        plan.setModified(false);
+        const QSignalSpy modified(&plan, &KWDocument::eventModified);
         ColoursDialog dialog(plan, mode);
         QVERIFY(showActive(dialog));
         change(dialog);
@@ -255,6 +257,9 @@ private slots:
         QCOMPARE(window.undoLabels, QStringList{s("Change colours and fonts")});
         QCOMPARE(window.atUndo, filled);
         QCOMPARE(described(plan), after);
+        // The plan asks to be saved.
+        QVERIFY(plan.isModified());
+        QCOMPARE(modified.size(), 1);
     }
 
     void enterAppliesToo()
