@@ -259,9 +259,7 @@ private slots:
     void onAFullDiskNoThemeIsLost()
     {
         const ThemeShelf shelf;
-        QByteArray themes;
-        for (int i = 0; i < 100; ++i)
-            themes += lineOfManyColours("Theme " + QByteArray::number(i)) + "\r\n";
+        const QByteArray themes = manyThemes();
         ThemeShelf::write(shelf.own(), themes);
         {
             const FullDisk disk(4096);

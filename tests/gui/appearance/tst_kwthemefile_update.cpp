@@ -136,9 +136,7 @@ private slots:
     void onAFullDiskNeitherThemesNorTheUpdateAreLost()
     {
         const ThemeShelf shelf;
-        QByteArray themes;
-        for (int i = 0; i < 100; ++i)
-            themes += lineOfManyColours("Theme " + QByteArray::number(i)) + "\r\n";
+        const QByteArray themes = manyThemes();
         ThemeShelf::write(shelf.own(), themes);
         ThemeShelf::write(shelf.own(update), "Red^4,5,6\r\n");
         {

@@ -32,7 +32,7 @@ double luminance(const Light &light)
 /// From 1 for the same to 21 for black on white.
 double contrast(const QColor &one, const QColor &other)
 {
-    const auto [dark, bright] = std::minmax(luminance(lightOf(one)), luminance(lightOf(other)));
+    const auto [dark, bright] = std::minmax({luminance(lightOf(one)), luminance(lightOf(other))});
     return (bright + 0.05) / (dark + 0.05);
 }
 

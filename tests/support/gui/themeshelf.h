@@ -95,6 +95,15 @@ inline QByteArray lineOfManyColours(const QByteArray &name, const QByteArray &se
     return line;
 }
 
+/// The lines of a hundred themes, "Theme 0" and so on.
+inline QByteArray manyThemes()
+{
+    QByteArray themes;
+    for (int i = 0; i < 100; ++i)
+        themes += lineOfManyColours("Theme " + QByteArray::number(i)) + "\r\n";
+    return themes;
+}
+
 /// "1,2,3" and so on in the order of a line, with family and size of the font.
 inline QString described(const KWColours &colours)
 {
