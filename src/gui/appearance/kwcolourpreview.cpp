@@ -63,7 +63,7 @@ void KWColourPreview::paintEvent(QPaintEvent *)
     }
 }
 
-/// The font as large beside these seats as it is beside those of the floor plan.
+/// The font in the proportion to these seats in which points stand to those of the floor plan.
 QFont KWColourPreview::scaledFont(int seatRadius) const
 {
     const double scale = 2 * seatRadius / 100.0;

@@ -24,6 +24,4 @@ struct KWColours
     {
         return QGuiApplication::palette().color(QPalette::Highlight);
     }
-
-    bool operator==(const KWColours &other) const = default;
 };

@@ -121,13 +121,13 @@ bool KWThemeFile::isSameName(const QString &one, const QString &other)
 
 QString KWThemeFile::nameOf(const QString &line)
 {
-    return line.trimmed().section(separator, 0, 0);
+    return line.section(separator, 0, 0).trimmed();
 }
 
 void KWThemeFile::readLine(const QString &line, KWTheme &theme)
 {
     const QStringList fields = line.trimmed().split(separator);
-    theme.name = fields.first();
+    theme.name = fields.first().trimmed();
     for (std::size_t i = 0; i < colourFields.size(); ++i) {
         const auto field = static_cast<qsizetype>(i) + 1;
         if (field < fields.size())
@@ -163,7 +163,6 @@ QStringList KWThemeFile::names() const
     } else {
         logFailure(u"Unable to read themes from '%1'"_s, path());
     }
-    takeUpdates(names);
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::ranges::stable_sort(names, collator);
@@ -186,13 +185,12 @@ KWThemeFile::Result KWThemeFile::load(const QString &name, KWTheme &theme) const
 }
 
 // The old line goes and the new one comes in a single write: neither can be lost in between.
-KWThemeFile::Result KWThemeFile::save(const KWTheme &theme, bool replace) const
+KWThemeFile::Result KWThemeFile::save(const KWTheme &theme) const
 {
     auto lines = linesToChange();
     if (!lines)
         return Unwritable;
-    if (replace)
-        removeLines(*lines, theme.name);
+    removeLines(*lines, theme.name);
     lines->append(toLine(theme).toUtf8());
     return write(*lines) ? Done : Unwritable;
 }
@@ -226,7 +224,7 @@ bool KWThemeFile::write(const Lines &lines) const
 
 // An update that cannot be deleted, as it lies in a read-only place beside the program, would bring
 // back each time what the user has deleted since. A copy of it says that it was taken in.
-void KWThemeFile::takeUpdates(QStringList &names) const
+void KWThemeFile::takeUpdates()
 {
     const QString taken = m_ownDirectory + u"/themes_update_taken.txt"_s;
     for (const QString &directory : {m_ownDirectory, m_shippedDirectory}) {
@@ -234,22 +232,26 @@ void KWThemeFile::takeUpdates(QStringList &names) const
         const auto update = content(path);
         if (!update || (directory == m_shippedDirectory && update == content(taken)))
             continue;
-        if (!takeUpdate(toLines(*update), names)) {
+        if (!takeUpdate(toLines(*update))) {
             logFailure(u"Unable to write themes to '%1'"_s, ownPath());
             continue;
         }
         KWSafeFile note(taken, false);
-        if (!QFile::remove(path) && QDir().mkpath(m_ownDirectory) && note.open())
-            note.commit(*update);
+        if (!QFile::remove(path) &&
+            !(QDir().mkpath(m_ownDirectory) && note.open() && note.commit(*update)))
+            logFailure(u"Unable to write themes to '%1'"_s, taken);
     }
 }
 
-bool KWThemeFile::takeUpdate(const Lines &update, QStringList &names) const
+bool KWThemeFile::takeUpdate(const Lines &update) const
 {
     auto lines = linesToChange();
     if (!lines)
         return false;
-    QStringList all = names;
+    const qsizetype before = lines->size();
+    QStringList all;
+    for (const QByteArray &line : std::as_const(*lines))
+        all.append(nameIn(line));
     for (const QByteArray &line : update) {
         const QString name = nameIn(line);
         if (name.isEmpty() || contains(all, name))
@@ -257,10 +259,5 @@ bool KWThemeFile::takeUpdate(const Lines &update, QStringList &names) const
         all.append(name);
         lines->append(line);
     }
-    if (all == names)
-        return true;
-    if (!write(*lines))
-        return false;
-    names = all;
-    return true;
+    return lines->size() == before || write(*lines);
 }

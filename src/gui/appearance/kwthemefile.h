@@ -37,13 +37,14 @@ public:
     /// The file that is written.
     QString ownPath() const { return m_ownDirectory + fileName(); }
 
-    /// The names of all themes as the language sorts them. Takes in what an update of the program
-    /// has brought, once. Failures are only logged.
+    /// The names of all themes as the language sorts them. Failures are only logged.
     QStringList names() const;
+    /// Takes in what an update of the program has brought, once. Failures are only logged.
+    void takeUpdates();
     /// The first theme of that name. What the file does not say is white, or the default font.
     Result load(const QString &name, KWTheme &theme) const;
-    /// Adds the theme behind all others, in the place of those of its name if `replace` is true.
-    Result save(const KWTheme &theme, bool replace) const;
+    /// Adds the theme behind all others, in the place of those of its name.
+    Result save(const KWTheme &theme) const;
     /// Removes all themes of that name.
     Result remove(const QString &name) const;
 
@@ -66,8 +67,7 @@ private:
     /// None if the user has a file that cannot be read; what ships is no replacement for that.
     std::optional<Lines> linesToChange() const;
     bool write(const Lines &lines) const;
-    void takeUpdates(QStringList &names) const;
-    bool takeUpdate(const Lines &update, QStringList &names) const;
+    bool takeUpdate(const Lines &update) const;
 
     QString m_ownDirectory;
     QString m_shippedDirectory;

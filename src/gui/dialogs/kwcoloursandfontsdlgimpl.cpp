@@ -119,6 +119,7 @@ void KWColoursAndFontsDlgImpl::connectParts()
     connect(ui.m_moreFontsButton, &QPushButton::clicked, this, &Dlg::moreFonts);
     connect(ui.m_defaultButton, &QPushButton::clicked, this, &Dlg::setDefault);
     connect(ui.m_themeListBox, &QListWidget::currentItemChanged, this, &Dlg::updateButtonStatus);
+    connect(ui.m_themeListBox, &QListWidget::itemSelectionChanged, this, &Dlg::updateButtonStatus);
     connect(ui.m_themeListBox, &QListWidget::itemDoubleClicked, this, &Dlg::loadTheme);
     connect(ui.m_loadThemeButton, &QPushButton::clicked, this, &Dlg::loadTheme);
     connect(ui.m_saveThemeButton, &QPushButton::clicked, this, &Dlg::saveTheme);
@@ -174,8 +175,6 @@ void KWColoursAndFontsDlgImpl::showColours(const KWColours &colours)
 KWColours KWColoursAndFontsDlgImpl::shownColours() const
 {
     KWColours colours;
-    if (m_mode != FloorPlan)
-        colours.selected = selectedColour(*m_document);
     for (const Part &part : parts(*m_ui, m_mode))
         colours.*part.colour = part.button->colour();
     colours.font = m_font;
@@ -267,6 +266,7 @@ void KWColoursAndFontsDlgImpl::moreFonts()
 
 void KWColoursAndFontsDlgImpl::listThemes()
 {
+    m_themes.takeUpdates();
     m_ui->m_themeListBox->clear();
     m_ui->m_themeListBox->addItems(m_themes.names());
     updateButtonStatus();
@@ -278,18 +278,17 @@ QString KWColoursAndFontsDlgImpl::currentTheme() const
     return item ? item->text() : QString();
 }
 
+// Of the file as it is now: a second window of the program may have changed it.
 bool KWColoursAndFontsDlgImpl::isListed(const QString &name) const
 {
-    for (int row = 0; row < m_ui->m_themeListBox->count(); ++row) {
-        if (KWThemeFile::isSameName(m_ui->m_themeListBox->item(row)->text(), name))
-            return true;
-    }
-    return false;
+    const QStringList names = m_themes.names();
+    return std::ranges::any_of(
+        names, [&](const QString &other) { return KWThemeFile::isSameName(other, name); });
 }
 
 void KWColoursAndFontsDlgImpl::updateButtonStatus()
 {
-    // The list makes a theme current when it gets the keyboard; that has to be seen.
+    // The current theme is the selected one, also where the list makes one current by itself.
     QListWidgetItem *item = m_ui->m_themeListBox->currentItem();
     if (item)
         item->setSelected(true);
@@ -325,7 +324,10 @@ void KWColoursAndFontsDlgImpl::saveTheme()
     const bool replace = isListed(name);
     if (replace && warningBox(tr("Overwrite theme '%1'?").arg(name), tr("OK"), tr("Cancel")) != 0)
         return;
-    if (m_themes.save({name, shownColours()}, replace) != KWThemeFile::Done) {
+    KWTheme theme{name, shownColours()};
+    if (m_mode != FloorPlan)
+        theme.colours.selected = selectedColour(*m_document);
+    if (m_themes.save(theme) != KWThemeFile::Done) {
         errorBox(tr("Unable to write theme to '%1'").arg(m_themes.ownPath()), tr("&OK"));
         return;
     }

@@ -1,6 +1,7 @@
 #include "kwcanvas.h"
 
 #include "kwbusy.h"
+#include "kwcolours.h"
 #include "kwdocument.h"
 #include "kwfloorplanitem.h"
 #include "kwplacefinder.h"
@@ -187,7 +188,7 @@ void KWCanvas::setSelected(QGraphicsItem *item)
 QColor KWCanvas::selectionColour() const
 {
     const QColor own = m_document->floorplanColourSelected();
-    return own.isValid() ? own : QApplication::palette().color(QPalette::Highlight);
+    return own.isValid() ? own : KWColours::highlightColour();
 }
 
 KWTableCanvasViewItem *KWCanvas::itemOfTable(const KWTable *table) const

@@ -27,7 +27,6 @@ KWColourButton::KWColourButton(QWidget *parent)
     m_interior->setAutoFillBackground(true);
     m_interior->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-    m_button->setAutoDefault(false);
     setFocusProxy(m_button);
     connect(m_button, &QPushButton::clicked, this, &KWColourButton::changeColour);
 }

@@ -4,6 +4,7 @@
 #include "kwbottomtab.h"
 #include "kwbusy.h"
 #include "kwcanvasview.h"
+#include "kwcolours.h"
 #include "kweditcommands.h"
 #include "kwexportcommands.h"
 #include "kwfilecommands.h"
@@ -136,7 +137,7 @@ void KWMainWinImpl::setModelHooks()
     KWModelHooks &hooks = modelHooks();
     hooks.progress = [](int done, int total) { ::setProgress(done, total); };
     hooks.progressFinished = [] { ::setProgress(100); };
-    hooks.selectionColour = [] { return QApplication::palette().color(QPalette::Highlight); };
+    hooks.selectionColour = [] { return KWColours::highlightColour(); };
     hooks.printFooter = [this] { return m_userSettings->value("misc/print_footer").toString(); };
 }
 

@@ -162,7 +162,7 @@ private slots:
     {
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.shipped(), "One^1,2,3\nTwo^4,5,6");
-        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}, false), KWThemeFile::Done);
+        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}), KWThemeFile::Done);
         QCOMPARE(ThemeShelf::read(shelf.own()),
                  "One^1,2,3\r\nTwo^4,5,6\r\n" + lineOfManyColours("Blue") + "\r\n");
         QCOMPARE(ThemeShelf::read(shelf.shipped()), QByteArray("One^1,2,3\nTwo^4,5,6"));
@@ -171,7 +171,7 @@ private slots:
     void aThemeCanBeSavedWhereThereIsNoFileAtAll()
     {
         const ThemeShelf shelf;
-        QCOMPARE(shelf.file().save({s("Café"), manyColours()}, false), KWThemeFile::Done);
+        QCOMPARE(shelf.file().save({s("Café"), manyColours()}), KWThemeFile::Done);
         QCOMPARE(ThemeShelf::read(shelf.own()), lineOfManyColours("Caf\xc3\xa9") + "\r\n");
         QCOMPARE(shelf.file().names(), QStringList{s("Café")});
     }
@@ -180,18 +180,18 @@ private slots:
     {
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.own(), "blue^1,2,3\r\nRed^4,5,6\r\nBLUE^7,8,9\r\n");
-        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}, true), KWThemeFile::Done);
+        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}), KWThemeFile::Done);
         QCOMPARE(ThemeShelf::read(shelf.own()),
                  "Red^4,5,6\r\n" + lineOfManyColours("Blue") + "\r\n");
     }
 
-    void aThemeOfTheNameStaysUnlessItIsToBeReplaced()
+    void blanksBehindANameAreNoPartOfIt()
     {
         const ThemeShelf shelf;
-        ThemeShelf::write(shelf.own(), "Blue^1,2,3\r\n");
-        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}, false), KWThemeFile::Done);
-        QCOMPARE(ThemeShelf::read(shelf.own()),
-                 "Blue^1,2,3\r\n" + lineOfManyColours("Blue") + "\r\n");
+        ThemeShelf::write(shelf.own(), "Blue ^1,2,3\r\n");
+        QCOMPARE(shelf.file().names(), QStringList{s("Blue")});
+        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}), KWThemeFile::Done);
+        QCOMPARE(shelf.file().names(), QStringList{s("Blue")});
     }
 
     void removingTakesAllLinesOfTheNameAndLeavesTheOthersByteByByte()
@@ -231,7 +231,7 @@ private slots:
         KWTheme theme;
         QCOMPARE(shelf.file().load(s("One"), theme), KWThemeFile::Unreadable);
         QCOMPARE(shelf.file().remove(s("One")), KWThemeFile::Unreadable);
-        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}, true), KWThemeFile::Unwritable);
+        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}), KWThemeFile::Unwritable);
         QVERIFY(QFileInfo(shelf.own()).isDir());
     }
 
@@ -242,7 +242,7 @@ private slots:
         QCOMPARE(mkfifo(shelf.own().toLocal8Bit().constData(), 0600), 0);
         KWTheme theme;
         QCOMPARE(shelf.file().load(s("One"), theme), KWThemeFile::Unreadable);
-        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}, true), KWThemeFile::Unwritable);
+        QCOMPARE(shelf.file().save({s("Blue"), manyColours()}), KWThemeFile::Unwritable);
     }
 
     void whereNothingCanBeWrittenTheShippedThemesStay()
@@ -252,7 +252,7 @@ private slots:
         // A file in the place of the directory.
         ThemeShelf::write(QFileInfo(shelf.own()).path(), "");
         QCOMPARE(shelf.file().remove(s("One")), KWThemeFile::Unwritable);
-        QCOMPARE(shelf.file().save({s("One"), manyColours()}, true), KWThemeFile::Unwritable);
+        QCOMPARE(shelf.file().save({s("One"), manyColours()}), KWThemeFile::Unwritable);
         QCOMPARE(shelf.file().names(), QStringList{s("One")});
     }
 
@@ -264,9 +264,8 @@ private slots:
         {
             const FullDisk disk(4096);
             QCOMPARE(shelf.file().remove(s("Theme 7")), KWThemeFile::Unwritable);
-            QCOMPARE(shelf.file().save({s("Theme 7"), manyColours()}, true),
-                     KWThemeFile::Unwritable);
-            QCOMPARE(shelf.file().save({s("New"), manyColours()}, false), KWThemeFile::Unwritable);
+            QCOMPARE(shelf.file().save({s("Theme 7"), manyColours()}), KWThemeFile::Unwritable);
+            QCOMPARE(shelf.file().save({s("New"), manyColours()}), KWThemeFile::Unwritable);
         }
         QCOMPARE(ThemeShelf::read(shelf.own()), themes);
         QCOMPARE(QDir(QFileInfo(shelf.own()).path()).entryList(QDir::Files),

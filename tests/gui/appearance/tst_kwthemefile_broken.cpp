@@ -137,7 +137,7 @@ private slots:
             QCOMPARE(shelf->file().load(name, theme), KWThemeFile::Done);
             QVERIFY(KWThemeFile::isSameName(theme.name, name));
         }
-        QCOMPARE(shelf->file().save({s("Brand new"), manyColours()}, false), KWThemeFile::Done);
+        QCOMPARE(shelf->file().save({s("Brand new"), manyColours()}), KWThemeFile::Done);
         QCOMPARE(shelf->file().names().size(), names.size() + 1);
         QCOMPARE(shelf->file().load(s("Brand new"), theme), KWThemeFile::Done);
         QCOMPARE(described(theme.colours), good());

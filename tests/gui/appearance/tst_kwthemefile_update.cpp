@@ -51,7 +51,7 @@ private slots:
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.own(), "Blue^1,2,3\r\n");
         ThemeShelf::write(shelf.own(update), "Zebra^4,5,6\nApple^7,8,9\r\n");
-        QCOMPARE(shelf.file().names(), QStringList({s("Apple"), s("Blue"), s("Zebra")}));
+        QCOMPARE(shelf.listed(), QStringList({s("Apple"), s("Blue"), s("Zebra")}));
         QCOMPARE(ThemeShelf::read(shelf.own()),
                  QByteArray("Blue^1,2,3\r\nZebra^4,5,6\r\nApple^7,8,9\r\n"));
         QVERIFY(!QFileInfo::exists(shelf.own(update)));
@@ -63,7 +63,7 @@ private slots:
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.own(), "Blue^1,2,3\r\n");
         ThemeShelf::write(shelf.own(update), "BLUE^4,5,6\r\n");
-        QCOMPARE(shelf.file().names(), QStringList{s("Blue")});
+        QCOMPARE(shelf.listed(), QStringList{s("Blue")});
         QCOMPARE(ThemeShelf::read(shelf.own()), QByteArray("Blue^1,2,3\r\n"));
         QVERIFY(!QFileInfo::exists(shelf.own(update)));
     }
@@ -73,7 +73,7 @@ private slots:
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.own(), "Blue^1,2,3\r\n");
         ThemeShelf::write(shelf.own(update), "Red^4,5,6\r\n\r\nRED^7,8,9\r\n");
-        QCOMPARE(shelf.file().names(), QStringList({s("Blue"), s("Red")}));
+        QCOMPARE(shelf.listed(), QStringList({s("Blue"), s("Red")}));
         QCOMPARE(ThemeShelf::read(shelf.own()), QByteArray("Blue^1,2,3\r\nRed^4,5,6\r\n"));
     }
 
@@ -82,7 +82,7 @@ private slots:
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.shipped(), "Blue^1,2,3\r\n");
         ThemeShelf::write(shelf.shipped(update), "Red^4,5,6\r\n");
-        QCOMPARE(shelf.file().names(), QStringList({s("Blue"), s("Red")}));
+        QCOMPARE(shelf.listed(), QStringList({s("Blue"), s("Red")}));
         QCOMPARE(ThemeShelf::read(shelf.own()), QByteArray("Blue^1,2,3\r\nRed^4,5,6\r\n"));
         QCOMPARE(ThemeShelf::read(shelf.shipped()), QByteArray("Blue^1,2,3\r\n"));
         QVERIFY(!QFileInfo::exists(shelf.shipped(update)));
@@ -92,8 +92,7 @@ private slots:
     {
         const ThemeShelf shelf;
         ThemeShelf::write(shelf.own(update), "Red^4,5,6\r\n");
-        expectLog("Unable to read themes from '%1'", shelf.shipped());
-        QCOMPARE(shelf.file().names(), QStringList{s("Red")});
+        QCOMPARE(shelf.listed(), QStringList{s("Red")});
         QCOMPARE(ThemeShelf::read(shelf.own()), QByteArray("Red^4,5,6\r\n"));
     }
 
@@ -106,15 +105,15 @@ private slots:
         const QString directory = QFileInfo(shelf.shipped()).path();
         {
             const ReadOnly program(directory);
-            QCOMPARE(shelf.file().names(), QStringList({s("Blue"), s("Red")}));
+            QCOMPARE(shelf.listed(), QStringList({s("Blue"), s("Red")}));
             QVERIFY(QFileInfo::exists(shelf.shipped(update)));
             QCOMPARE(shelf.file().remove(s("Red")), KWThemeFile::Done);
-            QCOMPARE(shelf.file().names(), QStringList{s("Blue")});
+            QCOMPARE(shelf.listed(), QStringList{s("Blue")});
         }
         // The next update is another one.
         ThemeShelf::write(shelf.shipped(update), "Red^4,5,6\r\nGreen^7,8,9\r\n");
         const ReadOnly program(directory);
-        QCOMPARE(shelf.file().names(), QStringList({s("Blue"), s("Green"), s("Red")}));
+        QCOMPARE(shelf.listed(), QStringList({s("Blue"), s("Green"), s("Red")}));
     }
 
     void anUpdateStaysUntilItsThemesCanBeWritten()
@@ -126,10 +125,10 @@ private slots:
         const QString obstacle = QFileInfo(shelf.own()).path();
         ThemeShelf::write(obstacle, "");
         expectLog("Unable to write themes to '%1'", shelf.own());
-        QCOMPARE(shelf.file().names(), QStringList{s("Blue")});
+        QCOMPARE(shelf.listed(), QStringList{s("Blue")});
         QVERIFY(QFileInfo::exists(shelf.shipped(update)));
         QVERIFY(QFile::remove(obstacle));
-        QCOMPARE(shelf.file().names(), QStringList({s("Blue"), s("Red")}));
+        QCOMPARE(shelf.listed(), QStringList({s("Blue"), s("Red")}));
         QVERIFY(!QFileInfo::exists(shelf.shipped(update)));
     }
 
@@ -142,7 +141,7 @@ private slots:
         {
             const FullDisk disk(4096);
             expectLog("Unable to write themes to '%1'", shelf.own());
-            QCOMPARE(shelf.file().names().size(), 100);
+            QCOMPARE(shelf.listed().size(), 100);
         }
         QCOMPARE(ThemeShelf::read(shelf.own()), themes);
         QCOMPARE(ThemeShelf::read(shelf.own(update)), QByteArray("Red^4,5,6\r\n"));
@@ -155,7 +154,7 @@ private slots:
         ThemeShelf::write(shelf.own(update), "Red^4,5,6\r\n");
         expectLog("Unable to read themes from '%1'", shelf.own());
         expectLog("Unable to write themes to '%1'", shelf.own());
-        QCOMPARE(shelf.file().names(), QStringList());
+        QCOMPARE(shelf.listed(), QStringList());
         QVERIFY(QFileInfo(shelf.own()).isDir());
         QVERIFY(QFileInfo::exists(shelf.own(update)));
     }

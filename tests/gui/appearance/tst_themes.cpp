@@ -163,7 +163,7 @@ private slots:
     }
 
     /// To look at, where AMBRELUNE_ARTEFACTS names a directory for it.
-    void aPictureOfAllThemesCanBeKept()
+    void noTwoThemesLookTheSame()
     {
         constexpr int columns = 4;
         constexpr QSize cell(230, 250);
@@ -171,14 +171,19 @@ private slots:
         QImage sheet(cell.width() * columns, cell.height() * rows, QImage::Format_RGB32);
         sheet.fill(Qt::white);
         QPainter painter(&sheet);
+        QList<QImage> pictures;
         for (int i = 0; i < int(m_names.size()); ++i) {
             const QPoint corner(i % columns * cell.width() + 10, i / columns * cell.height() + 10);
             KWColourPreview preview;
             preview.resize(210, 210);
             preview.setColours(theme(m_names.at(i)));
-            painter.drawPixmap(corner, preview.grab());
+            const QPixmap picture = preview.grab();
+            pictures.append(picture.toImage());
+            painter.drawPixmap(corner, picture);
             painter.drawText(corner + QPoint(0, 226), m_names.at(i));
         }
+        for (const QImage &picture : std::as_const(pictures))
+            QCOMPARE(pictures.count(picture), 1);
         const QString directory = qEnvironmentVariable("AMBRELUNE_ARTEFACTS");
         QVERIFY(directory.isEmpty() || sheet.save(directory + s("/themes.png")));
     }

@@ -239,6 +239,20 @@ private slots:
         QCOMPARE(window.document()->floorplanColourSeats(), QColor(Qt::red));
     }
 
+    void enterOnAButtonPressesIt()
+    {
+        FakeMainWindow window;
+        ColoursDialog dialog(*window.document());
+        QVERIFY(showActive(dialog));
+        dialog.colour("m_seatsColourButton")->setColour(Qt::red);
+        auto *button = child<QPushButton>(dialog, "m_defaultButton");
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.colour("m_seatsColourButton")->colour(), QColor(Qt::white));
+        QCOMPARE(window.undoLabels, QStringList());
+    }
+
     void withoutAMainWindowThePlanIsWrittenAllTheSame()
     {
         KWDocument plan;

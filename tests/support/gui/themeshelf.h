@@ -33,6 +33,13 @@ public:
     {
         return {m_directory.filePath(s("own")), m_directory.filePath(s("shipped"))};
     }
+    /// As the dialog lists them.
+    QStringList listed() const
+    {
+        KWThemeFile themes = file();
+        themes.takeUpdates();
+        return themes.names();
+    }
 
     static void write(const QString &path, const QByteArray &bytes)
     {
@@ -75,7 +82,7 @@ private:
     void (*m_handler)(int) = SIG_DFL;
 };
 
-/// Ten colours and a font that all differ.
+/// Nine colours and a font that all differ.
 inline KWColours manyColours()
 {
     KWColours colours{{7, 8, 9},    {10, 11, 12}, {1, 2, 3},    {4, 5, 6}, {13, 14, 15},
