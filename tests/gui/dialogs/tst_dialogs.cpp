@@ -6,6 +6,7 @@
 #include "kwcoloursandfontsdlgimpl.h"
 #include "kwconfigurablewarningdlgimpl.h"
 #include "kwcreditsdlg.h"
+#include "kwdimensionsdlgimpl.h"
 #include "kwgetstringdlgimpl.h"
 #include "kwgettingstarteddlgimpl.h"
 #include "kwguestdlgimpl.h"
@@ -116,6 +117,15 @@ Dialog coloursAndFonts(FakeMainWindow &window, KWColoursAndFontsDlgImpl::Mode mo
     return dialog;
 }
 
+Dialog dimensions(FakeMainWindow &window)
+{
+    KWDocument &plan = *window.document();
+    plan.setUnits(KWPlanFields::Feet);
+    plan.setRoomXSize(999);
+    plan.setRoomYSize(12.3);
+    return std::make_unique<KWDimensionsDlgImpl>(nullptr, &plan);
+}
+
 const QList<DialogRow> &dialogs()
 {
     static const QList<DialogRow> all{
@@ -169,6 +179,7 @@ const QList<DialogRow> &dialogs()
          [](FakeMainWindow &window) {
              return coloursAndFonts(window, KWColoursAndFontsDlgImpl::GuestChart);
          }},
+        {"dimensions", dimensions},
     };
     return all;
 }
