@@ -50,6 +50,8 @@ KWCanvas::KWCanvas(KWDocument *document, QObject *parent)
 
 KWCanvas::~KWCanvas()
 {
+    // Whoever listens would ask a view that is half gone.
+    blockSignals(true);
     clearItems();
 }
 
@@ -73,12 +75,14 @@ void KWCanvas::connectDocument()
 
 void KWCanvas::clearItems()
 {
-    m_selected = nullptr;
+    const bool wasSelected = std::exchange(m_selected, nullptr);
     m_lines.clear();
     m_room = nullptr;
     // Each takes its seats along, which the scene would otherwise delete by itself.
     qDeleteAll(std::exchange(m_tables, {}));
     clear();
+    if (wasSelected)
+        emit selectedChanged();
 }
 
 void KWCanvas::addTableItem(KWTable *table)
@@ -178,11 +182,14 @@ void KWCanvas::resizeToRoom()
 
 void KWCanvas::setSelected(QGraphicsItem *item)
 {
+    if (item == m_selected)
+        return;
     for (QGraphicsItem *changed : {std::exchange(m_selected, item), item}) {
         // The others look the same.
         if (dynamic_cast<KWFloorPlanItem *>(changed))
             changed->update();
     }
+    emit selectedChanged();
 }
 
 QColor KWCanvas::selectionColour() const
@@ -361,7 +368,7 @@ void KWCanvas::addLine(const GuestPair &pair, int value)
 void KWCanvas::hideAffinity()
 {
     if (m_lines.contains(m_selected))
-        m_selected = nullptr;
+        setSelected(nullptr);
     qDeleteAll(std::exchange(m_lines, {}));
 }
 

@@ -2,6 +2,7 @@
 
 #include "kwprintable.h"
 
+#include <QFont>
 #include <QGraphicsScene>
 #include <QHash>
 
@@ -68,6 +69,10 @@ public:
     int nameOrder() const { return m_nameOrder; }
     void setNameOrder(int order);
 
+    /// A font that is kept and nothing else: seats and tables are painted with the plan's.
+    QFont seatFont() const { return m_seatFont; }
+    void setSeatFont(const QFont &font) { m_seatFont = font; }
+
     /// The marks of a group: by its place in the plan, one of 256 pairs.
     QColor outerColour(const KWGroup *group) const;
     QColor innerColour(const KWGroup *group) const;
@@ -120,6 +125,10 @@ public slots:
     /// Finds a free place for a table's item, and stores it in the plan.
     void moveToNextTablePos(KWTableCanvasViewItem *item);
 
+signals:
+    /// selected() has become something else.
+    void selectedChanged();
+
 protected:
     void drawBackground(QPainter *painter, const QRectF &rect) override;
     /// Null if there is no memory for it.
@@ -141,6 +150,7 @@ private:
     KWDocument *m_document;
     QSize m_size;
     int m_nameOrder = 0;
+    QFont m_seatFont;
     bool m_paintsPicture = false;
     QGraphicsItem *m_selected = nullptr;
     KWRoomCanvasViewItem *m_room = nullptr;

@@ -43,6 +43,7 @@ KWCanvasView::KWCanvasView(QWidget *parent, KWDocument *document)
     scaleBy(startZoom);
     for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
         connect(bar, &QScrollBar::actionTriggered, this, [this] { m_isFitted = false; });
+    connect(&m_canvas, &KWCanvas::sceneRectChanged, this, &KWCanvasView::zoomChanged);
     connect(document, &KWDocument::eventClear, this, &KWCanvasView::updateOnClear);
     connect(document, &KWDocument::eventRefresh, this, &KWCanvasView::updateOnRefresh);
     connect(document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvasView::updateOnRefresh);
@@ -261,7 +262,10 @@ bool KWCanvasView::event(QEvent *event)
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
         landTable();
-    return QGraphicsView::event(event);
+    const bool known = QGraphicsView::event(event);
+    if (event->type() == QEvent::Resize)
+        emit zoomChanged();
+    return known;
 }
 
 void KWCanvasView::keyPressEvent(QKeyEvent *event)

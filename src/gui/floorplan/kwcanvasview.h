@@ -37,6 +37,8 @@ public:
 
     /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers.
     void setNameOrder(int order);
+    /// As of the canvas.
+    void setSeatFont(const QFont &font);
     /// Finds a free place for a table that has just been made, near where it stands.
     void placeNewTable(KWTable *table);
     /// Selects the table and takes the focus.
@@ -72,6 +74,11 @@ public:
 public slots:
     void updateOnClear();
     void updateOnRefresh();
+
+signals:
+    /// What canZoomIn() and canZoomOut() answer may have changed: the scale, the canvas or the size
+    /// of the view did.
+    void zoomChanged();
 
 protected:
     /// Starts a drag, which Qt deletes, and waits for its end.

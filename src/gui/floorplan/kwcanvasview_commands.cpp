@@ -199,9 +199,16 @@ void KWCanvasView::setNameOrder(int order)
     m_canvas.setNameOrder(order);
 }
 
+void KWCanvasView::setSeatFont(const QFont &font)
+{
+    m_canvas.setSeatFont(font);
+    m_canvas.update();
+}
+
 void KWCanvasView::scaleBy(double factor)
 {
     scale(factor, factor);
+    emit zoomChanged();
 }
 
 QPointF KWCanvasView::centre() const

@@ -115,6 +115,29 @@ private slots:
         QCOMPARE(table->position(), QPoint(700, 600));
     }
 
+    void whatIsSelectedIsToldWhenItChanges()
+    {
+        CanvasPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {500, 500});
+        QStringList told;
+        connect(&shown.canvas, &KWCanvas::selectedChanged, this,
+                [&told, &shown] { told.append(shown.canvas.selected() ? s("one") : s("none")); });
+        const auto select = [&shown, table] {
+            shown.canvas.setSelected(shown.canvas.itemOfTable(table));
+        };
+        select();
+        select();
+        shown.canvas.setSelected(nullptr);
+        QCOMPARE(told, (QStringList{s("one"), s("none")}));
+        select();
+        shown.plan.announceRefresh();
+        shown.plan.announceRefresh();
+        QCOMPARE(told.mid(2), (QStringList{s("one"), s("none")}));
+        select();
+        shown.plan.deleteTable(table, true);
+        QCOMPARE(told.mid(4), (QStringList{s("one"), s("none")}));
+    }
+
     void linesStayUntilTheyAreHidden()
     {
         CanvasPlan shown;

@@ -374,6 +374,18 @@ private slots:
         QCOMPARE(shown.canvas.nameOrder(), 7);
         QVERIFY(!shown.plan.isModified());
     }
+
+    void aFontIsKeptButSeatsArePaintedWithThePlans()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("Top", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 0);
+        const QImage before = shown.view.viewport()->grab().toImage();
+        const QFont font(s("Courier"), 30);
+        shown.view.setSeatFont(font);
+        QCOMPARE(shown.canvas.seatFont(), font);
+        QCOMPARE(shown.view.viewport()->grab().toImage(), before);
+    }
 };
 
 GUI_TEST_MAIN(TestKWCanvasView)
