@@ -6,6 +6,30 @@
 
 #include <QPainter>
 
+/// The colours of the lines on show: "#ff0000 #ff00ff".
+inline QString lineColours(const KWCanvas &canvas)
+{
+    QStringList all;
+    for (const QGraphicsItem *item : canvas.items()) {
+        const auto *line = qgraphicsitem_cast<const QGraphicsLineItem *>(item);
+        if (line)
+            all.append(line->pen().color().name());
+    }
+    all.sort();
+    return all.join(u' ');
+}
+
+/// What is shown of seats is that of the process: this is how it is at the start.
+inline void resetSeats(KWCanvas &canvas)
+{
+    canvas.displaySeats(KWCanvas::CircularName);
+    canvas.showGender(false);
+    canvas.showAge(false);
+    canvas.showVIP(false);
+    canvas.showGroups(false);
+    canvas.showLocked(false);
+}
+
 /// A plan with its canvas; the room is 10 by 8 metres of chairs of half a metre.
 struct CanvasPlan
 {
@@ -20,15 +44,7 @@ struct CanvasPlan
         canvas.resizeToRoom();
     }
 
-    ~CanvasPlan()
-    {
-        canvas.displaySeats(KWCanvas::CircularName);
-        canvas.showGender(false);
-        canvas.showAge(false);
-        canvas.showVIP(false);
-        canvas.showGroups(false);
-        canvas.showLocked(false);
-    }
+    ~CanvasPlan() { resetSeats(canvas); }
 
     KWTable *table(const char *name, int shape, int seats, const QPoint &place)
     {
@@ -43,17 +59,7 @@ struct CanvasPlan
         return added;
     }
 
-    QString lines() const
-    {
-        QStringList all;
-        for (const QGraphicsItem *item : canvas.items(Qt::AscendingOrder)) {
-            const auto *line = qgraphicsitem_cast<const QGraphicsLineItem *>(item);
-            if (line)
-                all.append(line->pen().color().name());
-        }
-        all.sort();
-        return all.join(u' ');
-    }
+    QString lines() const { return lineColours(canvas); }
 
     /// The colour that is painted at a point.
     QColor painted(const QPointF &point)

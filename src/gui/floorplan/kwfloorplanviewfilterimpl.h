@@ -1,0 +1,95 @@
+#pragma once
+
+#include "kwcanvas.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+
+class KWCanvasView;
+class QCheckBox;
+
+namespace Ui {
+class KWFloorPlanViewFilter;
+}
+
+/// The panel above the floor plan: how names and seats are shown, the zoom, and buttons that show
+/// wishes while they are held down. What is chosen once is folded away at first. The floor plan is
+/// not owned. Whatever the user chooses counts as a change of the plan, since it is saved with it.
+class KWFloorPlanViewFilterImpl : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `view` may be null until setView().
+    KWFloorPlanViewFilterImpl(QWidget *parent, KWCanvasView *view);
+    ~KWFloorPlanViewFilterImpl() override;
+
+    void setView(KWCanvasView *view);
+
+    /// What is chosen in the panel. A plan file may have all flags on, which a user cannot choose.
+    struct Choices
+    {
+        int nameOrder = 0;
+        KWCanvas::SeatDisplay seats = KWCanvas::CircularName;
+        bool gender = false;
+        bool age = false;
+        bool vip = false;
+        bool groups = false;
+        bool locked = false;
+    };
+    Choices choices() const;
+    /// Unlike the user's own choices these do not count as a change of the plan.
+    void setChoices(const Choices &choices);
+
+    /// The numbers of seat displays are those of the entries; what is none becomes 0.
+    static KWCanvas::SeatDisplay seatDisplayOf(int index);
+    static int indexOf(KWCanvas::SeatDisplay display);
+
+public slots:
+    void nameOrderChanged(int order);
+    void fontChanged();
+    void expand();
+    void showLovesAffinity();
+    void zoomCentre();
+    void zoomIn();
+    void zoomOut();
+    void editRotateTable();
+    void collapse();
+    void showLikesAffinity();
+    void showDislikesAffinity();
+    void showHatesAffinity();
+    void hideAffinity();
+    void showAllAffinity();
+    void showGender(bool on);
+    void showAge(bool on);
+    void showVIP(bool on);
+    void showConflicts();
+    void changeDimensions();
+    void showGroups(bool on);
+    void showSeats(bool on);
+    void changeSeatDisplay(int index);
+    void showLocked(bool on);
+    void languageChange();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void connectButtons();
+    void connectChoices();
+    void fold(bool folded);
+    void fillNameOrders();
+    void updateZoomButtons();
+    void updateRotateButton();
+    void enableFlags(KWCanvas::SeatDisplay display);
+    /// What is seen on the circle of a seat only.
+    std::array<QCheckBox *, 3> circleFlags() const;
+    /// What is seen without the circle, too.
+    std::array<QCheckBox *, 2> otherFlags() const;
+
+    std::unique_ptr<Ui::KWFloorPlanViewFilter> m_ui;
+    KWCanvasView *m_view = nullptr;
+    KWCanvas *m_canvas = nullptr;
+};
