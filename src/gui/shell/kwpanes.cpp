@@ -90,6 +90,14 @@ KWViewSettings KWPanes::viewSettings() const
     settings.guests_show_locked = guests.locked;
     settings.guests_show_meal = guests.meal;
     settings.guests_show_notes = guests.notes;
+    const KWFloorPlanViewFilterImpl::Choices plan = m_topTab->floorPlanFilter()->choices();
+    settings.floor_plan_name_order = plan.nameOrder;
+    settings.floor_plan_show_seats = KWFloorPlanViewFilterImpl::indexOf(plan.seats);
+    settings.floor_plan_show_gender = plan.gender;
+    settings.floor_plan_show_age = plan.age;
+    settings.floor_plan_show_vip = plan.vip;
+    settings.floor_plan_show_groups = plan.groups;
+    settings.floor_plan_show_locked = plan.locked;
     return settings;
 }
 
@@ -98,6 +106,14 @@ void KWPanes::setViewSettings(const KWViewSettings &settings)
     m_viewSettings = settings;
     if (!m_leftTab)
         return;
+    m_topTab->floorPlanFilter()->setChoices(
+        {.nameOrder = settings.floor_plan_name_order,
+         .seats = KWFloorPlanViewFilterImpl::seatDisplayOf(settings.floor_plan_show_seats),
+         .gender = settings.floor_plan_show_gender,
+         .age = settings.floor_plan_show_age,
+         .vip = settings.floor_plan_show_vip,
+         .groups = settings.floor_plan_show_groups,
+         .locked = settings.floor_plan_show_locked});
     m_leftTab->guestsFilter()->setShownColumns({.displayName = settings.guests_show_display_name,
                                                 .lastName = settings.guests_show_last_name,
                                                 .vip = settings.guests_show_vip,

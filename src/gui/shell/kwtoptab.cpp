@@ -6,9 +6,9 @@
 
 KWTopTab::KWTopTab(QWidget *parent, KWDocument *document)
     : KWCloseableTabWidget(parent, QStringLiteral("KWTopTab"))
-    , m_floorPlanView(new KWCanvasView(this, document))
+    , m_floorPlanPage(new FloorPlanPage(this, document, false))
 {
-    addPage(m_floorPlanView, KWPixmaps::instance().paneFloorPlan(), QStringLiteral("Floor plan"),
+    addPage(m_floorPlanPage, KWPixmaps::instance().paneFloorPlan(), QStringLiteral("Floor plan"),
             tr("Floor plan"));
 }
 
@@ -16,5 +16,5 @@ void KWTopTab::changeEvent(QEvent *event)
 {
     KWCloseableTabWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        setTabText(indexOf(m_floorPlanView), tr("Floor plan"));
+        setTabText(indexOf(m_floorPlanPage), tr("Floor plan"));
 }

@@ -2,6 +2,8 @@
 
 #include "kwcanvasview.h"
 #include "kwcloseabletabwidget.h"
+#include "kwfloorplanviewfilterimpl.h"
+#include "kwviewandfilter.h"
 
 class KWDebugView;
 
@@ -11,9 +13,13 @@ class KWTopTab : public KWCloseableTabWidget
     Q_OBJECT
 
 public:
+    using FloorPlanPage = KWViewAndFilter<KWCanvasView, KWFloorPlanViewFilterImpl>;
+
     KWTopTab(QWidget *parent, KWDocument *document);
 
-    KWCanvasView *floorPlanView() const { return m_floorPlanView; }
+    FloorPlanPage *floorPlanPage() const { return m_floorPlanPage; }
+    KWCanvasView *floorPlanView() const { return m_floorPlanPage->view(); }
+    KWFloorPlanViewFilterImpl *floorPlanFilter() const { return m_floorPlanPage->filter(); }
     /// Always null: nobody shows the trace.
     KWDebugView *debugView() const { return nullptr; }
 
@@ -21,5 +27,5 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    KWCanvasView *m_floorPlanView;
+    FloorPlanPage *m_floorPlanPage;
 };

@@ -183,7 +183,8 @@ private slots:
     void theCloseButtonFollowsANewLanguage()
     {
         OpenWindow open;
-        const auto *button = open.window.panes()->topTab()->findChild<QToolButton *>();
+        const auto *button = qobject_cast<QToolButton *>(
+            open.window.panes()->topTab()->cornerWidget(Qt::TopRightCorner));
         const BracketTranslator brackets;
         QTRY_COMPARE(button->accessibleName(), s("[Hide pane]"));
         QVERIFY(button->whatsThis().startsWith(s("[<b>Hide pane</b>")));

@@ -1,0 +1,301 @@
+#include "canvasplan.h"
+#include "dialogtest.h"
+#include "guestform.h"
+#include "kwdimensionsdlgimpl.h"
+#include "kwfilecommands.h"
+#include "kwtoptab.h"
+#include "modaluser.h"
+#include "openwindow.h"
+#include "planfolder.h"
+
+#include <QMenu>
+
+namespace {
+
+using Choices = KWFloorPlanViewFilterImpl::Choices;
+
+/// The window with two who should sit next to each other and do not.
+struct FloorPlanWindow : OpenWindow
+{
+    FloorPlanWindow()
+    {
+        resetSeats(canvas());
+        KWTable *table = addTable(plan(), "T", KWTable::Circular, 4);
+        plan().moveTable(table, 500, 400);
+        for (const char *name : {"Ann", "Bob"})
+            addGuest(plan(), {name});
+        plan().assignGuest(plan().guestAt(0), table, 0, true);
+        plan().assignGuest(plan().guestAt(1), table, 2, true);
+        plan().setAffinity(plan().guestAt(0), plan().guestAt(1), KWScore::Loves, true);
+        plan().setModified(false);
+    }
+    ~FloorPlanWindow() { resetSeats(canvas()); }
+
+    KWTopTab &tab() { return *window.panes()->topTab(); }
+    KWCanvasView &view() { return *tab().floorPlanView(); }
+    KWCanvas &canvas() { return *view().canvas(); }
+    KWFloorPlanViewFilterImpl &panel() { return *tab().floorPlanFilter(); }
+    QToolButton *button(const char *name) { return child<QToolButton>(panel(), name); }
+    void click(const char *name) { QTest::mouseClick(button(name), Qt::LeftButton); }
+    QString lines() { return lineColours(canvas()); }
+
+    void save(const QString &path) { window.fileCommands()->savePlan(path); }
+    void load(const QString &path) { window.fileCommands()->openPlan(path); }
+
+    /// Whether the buttons are enabled as the floor plan can be zoomed: "in out" if so.
+    QString zoomButtons()
+    {
+        QStringList names;
+        for (const auto &[name, can] :
+             {std::pair(s("in"), view().canZoomIn()), std::pair(s("out"), view().canZoomOut())}) {
+            const bool enabled =
+                button(name == s("in") ? "m_zoomInButton" : "m_zoomOutButton")->isEnabled();
+            names.append(enabled == can ? name : s("wrong: ") + name);
+        }
+        return names.join(u' ');
+    }
+};
+
+/// "7 1 gender vip"
+QString text(const Choices &choices)
+{
+    QStringList all{QString::number(choices.nameOrder), QString::number(choices.seats)};
+    const auto note = [&all](bool on, const char *name) {
+        if (on)
+            all.append(s(name));
+    };
+    note(choices.gender, "gender");
+    note(choices.age, "age");
+    note(choices.vip, "vip");
+    note(choices.groups, "groups");
+    note(choices.locked, "locked");
+    return all.join(u' ');
+}
+} // namespace
+
+using Loss = std::function<void(FloorPlanWindow &)>;
+
+Q_DECLARE_METATYPE(Choices)
+Q_DECLARE_METATYPE(Loss)
+
+class TestFloorPlanPane : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { OpenWindow::quietSettings(); }
+
+    void thePanelStandsAboveTheFloorPlanInTheTopPane()
+    {
+        FloorPlanWindow open;
+        QCOMPARE(open.tab().indexOf(open.tab().floorPlanPage()), 0);
+        QCOMPARE(open.tab().tabText(0), s("Floor plan"));
+        QCOMPARE(open.tab().currentView(), &open.view());
+        QCOMPARE(open.view().objectName(), s("Floor plan"));
+        QVERIFY(open.panel().isVisible());
+        QVERIFY(open.panel().y() < open.view().y());
+        QVERIFY(open.view().height() > open.panel().height());
+        QVERIFY(open.button("m_expandButton")->isVisible());
+    }
+
+    void whatsThisTellsOfTheButtons()
+    {
+        FloorPlanWindow open;
+        QCOMPARE(open.button("m_allButton")->whatsThis(), s("Hold down to show all affinities"));
+    }
+
+    void thePanelsChoicesComeBackFromTheFile_data()
+    {
+        QTest::addColumn<Choices>("choices");
+        const auto row = [](const char *name, const Choices &choices) {
+            QTest::newRow(name) << choices;
+        };
+        row("order of names", {.nameOrder = 5});
+        row("seat reference", {.nameOrder = 7});
+        row("seats", {.seats = KWCanvas::NameOnly});
+        row("gender", {.gender = true});
+        row("age", {.age = true});
+        row("VIP", {.vip = true});
+        row("groups", {.groups = true});
+        row("locked", {.locked = true});
+    }
+
+    void thePanelsChoicesComeBackFromTheFile()
+    {
+        QFETCH(Choices, choices);
+        const PlanFolder folder;
+        const QString path = folder.path(s("plan.kw"));
+        FloorPlanWindow open;
+        open.panel().setChoices(choices);
+        open.save(path);
+        open.run("m_fileNewAction");
+        // A new plan is shown in the usual way.
+        QCOMPARE(text(open.panel().choices()), s("0 0"));
+        open.load(path);
+        QCOMPARE(text(open.panel().choices()), text(choices));
+        QCOMPARE(open.canvas().nameOrder(), choices.nameOrder);
+        const KWCanvas::Display &display = KWCanvas::display();
+        QCOMPARE(text({.nameOrder = choices.nameOrder,
+                       .seats = display.seats,
+                       .gender = display.showGender,
+                       .age = display.showAge,
+                       .vip = display.showVIP,
+                       .groups = display.showGroups,
+                       .locked = display.showLocked}),
+                 text(choices));
+        QVERIFY(!open.plan().isModified());
+    }
+
+    void whatAPersonChoosesIsAskedAboutAndSaved()
+    {
+        const PlanFolder folder;
+        const QString path = folder.path(s("plan.kw"));
+        FloorPlanWindow open;
+        open.save(path);
+        QVERIFY(!open.plan().isModified());
+        open.click("m_expandButton");
+        QVERIFY(!open.plan().isModified());
+        GuestForm::pick(child<QComboBox>(open.panel(), "m_nameOrderComboBox"), "Last, First");
+        GuestForm::pick(child<QComboBox>(open.panel(), "m_seatsComboBox"), "circular");
+        child<QCheckBox>(open.panel(), "m_groupsCheckBox")->click();
+        QVERIFY(open.plan().isModified());
+        open.prompts.answer(s("&Save"));
+        open.run("m_fileNewAction");
+        QCOMPARE(text(open.panel().choices()), s("0 0"));
+        open.load(path);
+        QCOMPARE(text(open.panel().choices()), s("1 1 groups"));
+        QVERIFY(!open.plan().isModified());
+    }
+
+    void anOpenedPlanIsNotModifiedThoughItLooksOtherwise()
+    {
+        const PlanFolder folder;
+        FloorPlanWindow open;
+        open.panel().setChoices({.nameOrder = 3, .seats = KWCanvas::None});
+        open.load(folder.writePlan(s("plain.kw")));
+        QCOMPARE(text(open.panel().choices()), s("0 0"));
+        QVERIFY(!open.plan().isModified());
+        QVERIFY(open.window.close());
+    }
+
+    void theZoomButtonsAreRightAfterEachChange()
+    {
+        const PlanFolder folder;
+        FloorPlanWindow open;
+        const QString right = s("in out");
+        QCOMPARE(open.zoomButtons(), right);
+        open.window.resize(1200, 900);
+        QTRY_VERIFY(open.view().width() > 700);
+        QCOMPARE(open.zoomButtons(), right);
+        open.save(folder.path(s("plan.kw")));
+        open.load(folder.writePlan(s("empty.kw")));
+        QCOMPARE(open.zoomButtons(), right);
+        open.load(folder.path(s("plan.kw")));
+        QCOMPARE(open.zoomButtons(), right);
+        // The only table fills the pane, and more than the pane is left of the room.
+        QVERIFY(open.button("m_zoomOutButton")->isEnabled());
+        open.run("m_fileNewAction");
+        QCOMPARE(open.zoomButtons(), right);
+        open.click("m_expandButton");
+        QCoreApplication::processEvents();
+        QCOMPARE(open.zoomButtons(), right);
+        open.run("m_viewBottomPaneAction");
+        QCoreApplication::processEvents();
+        QCOMPARE(open.zoomButtons(), right);
+        for (int i = 0; i < 30; ++i) {
+            open.click("m_zoomOutButton");
+            QCOMPARE(open.zoomButtons(), right);
+        }
+        QVERIFY(!open.button("m_zoomOutButton")->isEnabled());
+        open.window.resize(800, 600);
+        QTRY_VERIFY(open.button("m_zoomOutButton")->isEnabled());
+        QCOMPARE(open.zoomButtons(), right);
+    }
+
+    void undoBringsTheSizeOfTheRoomBack()
+    {
+        FloorPlanWindow open;
+        const QSize before = open.canvas().canvasSize();
+        open.click("m_expandButton");
+        ModalUser user;
+        user.onDialog<KWDimensionsDlgImpl>([](KWDimensionsDlgImpl &dialog) {
+            child<QLineEdit>(dialog, "m_xEdit")->setText(s("30"));
+            child<QLineEdit>(dialog, "m_seatWidthEdit")->setText(s("0.5"));
+            QTest::mouseClick(child<QPushButton>(dialog, "m_okPushButton"), Qt::LeftButton);
+        });
+        open.click("m_dimensionsButton");
+        QCOMPARE(open.canvas().canvasSize(), QSize(6000, 4000));
+        QVERIFY(open.plan().isModified());
+        QCOMPARE(open.action("m_editUndoAction")->text(), s("&Undo Change dimensions"));
+        open.run("m_editUndoAction");
+        QCOMPARE(open.canvas().canvasSize(), before);
+        QCOMPARE(open.zoomButtons(), s("in out"));
+        open.run("m_editRedoAction");
+        QCOMPARE(open.canvas().canvasSize(), QSize(6000, 4000));
+    }
+
+    void theRotateButtonDoesWhatTheCommandDoesAndIsUndone()
+    {
+        FloorPlanWindow open;
+        KWTable *table = open.plan().tableAt(0);
+        QVERIFY(!open.button("m_rotateButton")->isEnabled());
+        open.view().showTable(table);
+        open.click("m_rotateButton");
+        QCOMPARE(seating(*table), s("- Ann - Bob"));
+        QCOMPARE(open.action("m_editUndoAction")->text(), s("&Undo Rotate"));
+        open.run("m_editUndoAction");
+        QCOMPARE(seating(*open.plan().tableAt(0)), s("Ann - Bob -"));
+        QVERIFY(!open.button("m_rotateButton")->isEnabled());
+    }
+
+    void noLinesAreLeftBehindByAHeldButton_data()
+    {
+        QTest::addColumn<Loss>("lose");
+        QTest::newRow("the pane is hidden")
+            << Loss([](FloorPlanWindow &open) { open.run("m_viewTopPaneAction"); });
+        QTest::newRow("another page comes to the front") << Loss([](FloorPlanWindow &open) {
+            auto *other = new QWidget;
+            open.tab().addTab(other, s("Other"));
+            open.tab().setCurrentWidget(other);
+        });
+        QTest::newRow("another window gets the keys") << Loss([](FloorPlanWindow &) {
+            QWidget other;
+            other.show();
+            other.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&other));
+        });
+        QTest::newRow("a question comes up") << Loss([](FloorPlanWindow &open) {
+            ModalUser user;
+            user.onDialog<QDialog>([&open](QDialog &dialog) {
+                QCOMPARE(open.lines(), QString());
+                dialog.reject();
+            });
+            open.run("m_fileInfo");
+        });
+        QTest::newRow("a menu takes the release") << Loss([](FloorPlanWindow &open) {
+            QMenu *menu = open.window.findChild<QMenuBar *>()->actions().at(1)->menu();
+            menu->popup(open.window.pos());
+            QVERIFY(QTest::qWaitForWindowExposed(menu));
+            QTest::mouseRelease(menu->windowHandle(), Qt::LeftButton, {}, {-5, -5});
+            QCoreApplication::processEvents();
+            menu->close();
+        });
+        QTest::newRow("a new plan")
+            << Loss([](FloorPlanWindow &open) { open.run("m_fileNewAction"); });
+    }
+
+    void noLinesAreLeftBehindByAHeldButton()
+    {
+        QFETCH(Loss, lose);
+        FloorPlanWindow open;
+        open.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&open.window));
+        QTest::mousePress(open.button("m_conflictsButton"), Qt::LeftButton);
+        QCOMPARE(open.lines(), s("#ff0000"));
+        lose(open);
+        QCOMPARE(open.lines(), QString());
+    }
+};
+
+GUI_TEST_MAIN(TestFloorPlanPane)
+#include "tst_floorplanpane.moc"
