@@ -84,6 +84,8 @@ const QSet<QString> &programTexts()
         u"Guest chart"_s, u"Statistics"_s,
         // the list of guests
         u"Find:"_s, u"VIP"_s, u"Accepted"_s, u"Show guest in plan"_s,
+        // the panel of the floor plan
+        u"Guest name:"_s, u"gender"_s, u"age"_s, u"groups"_s,
         // buttons
         u"OK"_s, u"Cancel"_s, u"Add"_s, u"Yes"_s, u"No"_s, u"Don't save"_s, u"Save as"_s,
         u"Continue"_s, u"Stop (Esc)"_s,
@@ -106,6 +108,9 @@ const QSet<QString> &programTexts()
         // Fonts and colours
         u"Seat:"_s, u"Table:"_s, u"Drawing area:"_s, u"Selected:"_s, u"Background:"_s, u"Text:"_s,
         u"Font..."_s, u"More fonts"_s, u"Default"_s, u"Load"_s, u"Del"_s, u"Preview"_s,
+        // Floor plan dimensions
+        u"Units:"_s, u"Metres"_s, u"Feet"_s, u"Breadth (X):"_s, u"Depth (Y):"_s, u"Seat width:"_s,
+        u"Undo Change dimensions"_s,
         // Preferences
         u"Preferences"_s, u"General"_s, u"Auto layout"_s, u"when saved"_s, u"automatically every"_s,
         u"warn on delete guest or group"_s, u"warn on delete table"_s,
@@ -186,8 +191,8 @@ void TestHelpPages::everyWindowThatTheProgramHasAPageFor_data()
           u"Information_window.htm"_s, u"Insert_guest_window.htm"_s,
           u"Guest_properties_window.htm"_s, u"Group_properties_window.htm"_s,
           u"Insert_table_window.htm"_s, u"Table_properties_window.htm"_s,
-          u"Fonts_and_colours_window.htm"_s, u"Preferences_window.htm"_s,
-          u"Most_recently_accessed_window.htm"_s})
+          u"Fonts_and_colours_window.htm"_s, u"Dimensions_window.htm"_s,
+          u"Preferences_window.htm"_s, u"Most_recently_accessed_window.htm"_s})
         QTest::newRow(qPrintable(topic)) << topic;
 }
 
