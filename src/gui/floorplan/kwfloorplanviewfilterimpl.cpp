@@ -1,6 +1,7 @@
 #include "kwfloorplanviewfilterimpl.h"
 
 #include "kwcanvasview.h"
+#include "kwcoloursandfontsdlgimpl.h"
 #include "kwdimensionsdlgimpl.h"
 #include "kwdocument.h"
 #include "kwfloorplantext.h"
@@ -64,6 +65,7 @@ void KWFloorPlanViewFilterImpl::connectButtons()
     click(m_ui->m_zoomCentreButton, &Filter::zoomCentre);
     click(m_ui->m_rotateButton, &Filter::editRotateTable);
     click(m_ui->m_dimensionsButton, &Filter::changeDimensions);
+    click(m_ui->m_coloursButton, &Filter::changeColours);
     click(m_ui->m_expandButton, &Filter::expand);
     click(m_ui->m_collapseButton, &Filter::collapse);
 }
@@ -173,7 +175,7 @@ void KWFloorPlanViewFilterImpl::fold(bool folded)
     for (QWidget *part : std::initializer_list<QWidget *>{
              ui.m_nameOrderLabel, ui.m_nameOrderComboBox, ui.m_seatsLabel, ui.m_seatsComboBox,
              ui.m_genderCheckBox, ui.m_ageCheckBox, ui.m_groupsCheckBox, ui.m_vipCheckBox,
-             ui.m_lockedCheckBox, ui.m_dimensionsButton})
+             ui.m_lockedCheckBox, ui.m_dimensionsButton, ui.m_coloursButton})
         part->setVisible(!folded);
     other->show();
     if (focused)
@@ -323,6 +325,16 @@ void KWFloorPlanViewFilterImpl::changeDimensions()
     KWDimensionsDlgImpl dialog(window(), m_view->document());
     if (dialog.exec() == QDialog::Accepted)
         m_canvas->resizeToRoom();
+}
+
+void KWFloorPlanViewFilterImpl::changeColours()
+{
+    KWDocument *plan = m_view->document();
+    KWColoursAndFontsDlgImpl dialog(window(), plan, KWColoursAndFontsDlgImpl::FloorPlan);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    m_canvas->setBackgroundBrush(plan->floorplanColourOutside());
+    m_canvas->update();
 }
 
 void KWFloorPlanViewFilterImpl::languageChange()

@@ -69,6 +69,7 @@ public slots:
     void changeDimensions();
     void showGroups(bool on);
     void showSeats(bool on);
+    void changeColours();
     void changeSeatDisplay(int index);
     void showLocked(bool on);
     void languageChange();

@@ -2,6 +2,8 @@
 #include "dialogchecks.h"
 #include "dialogtest.h"
 #include "guestform.h"
+#include "kwcolourbutton.h"
+#include "kwcoloursandfontsdlgimpl.h"
 #include "kwdimensionsdlgimpl.h"
 #include "kwfloorplantext.h"
 #include "kwfloorplanviewfilterimpl.h"
@@ -184,6 +186,8 @@ private slots:
     void theDimensionsResizeTheRoom();
     void cancelledDimensionsLeavePlanAndCanvasAsTheyWere();
 
+    void theColoursAreShownAtOnce_data();
+    void theColoursAreShownAtOnce();
     void whatWasSavedIsShownWithoutChangingThePlan();
     void aSavedSeatDisplayGreysWhatItDoesNotShow();
     void savedValuesThatAreNoneBecomeTheFirst();
@@ -219,6 +223,7 @@ void TestKWFloorPlanViewFilterImpl::thePanelIsAsListed_data()
         {"m_zoomCentreButton", "", "Show all tables"},
         {"m_rotateButton", "", "Rotate the selected table"},
         {"m_dimensionsButton", "", "Change the size of the room and of the seats"},
+        {"m_coloursButton", "", "Change the colours and the font"},
     });
 }
 
@@ -265,7 +270,7 @@ void TestKWFloorPlanViewFilterImpl::everyButtonHasAPictureAndAName()
 {
     PanelPlan shown;
     const auto buttons = shown.panel.findChildren<QToolButton *>();
-    QCOMPARE(buttons.size(), 13);
+    QCOMPARE(buttons.size(), 14);
     for (const QToolButton *button : buttons) {
         QVERIFY2(!button->icon().isNull() || button->arrowType() != Qt::NoArrow,
                  qPrintable(button->objectName()));
@@ -741,6 +746,28 @@ void TestKWFloorPlanViewFilterImpl::cancelledDimensionsLeavePlanAndCanvasAsTheyW
     QCOMPARE(shown.plan.roomXSize(), 10.);
     QVERIFY(!shown.plan.isModified());
     QCOMPARE(shown.canvas.canvasSize(), QSize(2000, 1600));
+}
+
+void TestKWFloorPlanViewFilterImpl::theColoursAreShownAtOnce_data()
+{
+    QTest::addColumn<bool>("isAccepted");
+    QTest::newRow("accepted") << true;
+    QTest::newRow("cancelled") << false;
+}
+
+void TestKWFloorPlanViewFilterImpl::theColoursAreShownAtOnce()
+{
+    QFETCH(bool, isAccepted);
+    PanelPlan shown;
+    const QBrush before = shown.canvas.backgroundBrush();
+    ModalUser user;
+    user.onDialog<KWColoursAndFontsDlgImpl>([isAccepted](KWColoursAndFontsDlgImpl &dialog) {
+        child<KWColourButton>(dialog, "m_outsideColourButton")->setColour(Qt::green);
+        isAccepted ? dialog.apply() : dialog.reject();
+    });
+    shown.click("m_coloursButton");
+    QCOMPARE(shown.canvas.backgroundBrush(), isAccepted ? QBrush(Qt::green) : before);
+    QCOMPARE(shown.plan.isModified(), isAccepted);
 }
 
 void TestKWFloorPlanViewFilterImpl::whatWasSavedIsShownWithoutChangingThePlan()
