@@ -6,23 +6,6 @@
 
 namespace {
 
-/// Blocks a plan's events while it lives.
-class EventBlock
-{
-public:
-    explicit EventBlock(KWDocument &document)
-        : m_document(document)
-    {
-        m_document.blockEvents();
-    }
-    ~EventBlock() { m_document.unblockEvents(); }
-    EventBlock(const EventBlock &) = delete;
-    EventBlock &operator=(const EventBlock &) = delete;
-
-private:
-    KWDocument &m_document;
-};
-
 KWLayoutHooks hooksFor(const KWDocument &document, QObject *dialog,
                        const KWGeneticSolver::Copier &copier)
 {
@@ -52,7 +35,7 @@ void autoLayout(KWDocument &document, QObject *dialog, const KWLayoutOptions &op
     KWLayoutResult result;
     try {
         emit document.eventPrepareAutoLayout();
-        const EventBlock block(document);
+        const KWDocument::EventBlock block(document);
         result = runLayout(document, options, hooksFor(document, dialog, copier));
     } catch (...) {
         // The floor plan stands empty since the start.

@@ -261,6 +261,12 @@ void KWGeneticSolver::selectSurvivors()
         m_solutions.remove(half + randomNumber(m_solutions.count() - half));
 }
 
+void KWGeneticSolver::keepFirstSolution()
+{
+    while (m_solutions.count() > 1)
+        m_solutions.remove(m_solutions.count() - 1);
+}
+
 const KWDocument &KWGeneticSolver::best() const
 {
     const KWDocument *candidate = m_solutions.first();

@@ -51,6 +51,9 @@ public:
     /// generation was made.
     void sortSolutions() { m_solutions.sort(); }
 
+    /// Deletes all candidates but the first, so that there is memory for a copy of it.
+    void keepFirstSolution();
+
     /// The score of bestSolution().
     int bestScore() const { return best().totalScore(); }
     /// A copy of the first candidate, or of the plan if that candidate neither seats more guests

@@ -45,6 +45,8 @@ public:
         // Candidates are in order only after a generation; without one the best may be anywhere.
         if (m_result.generations == 0)
             m_solver.sortSolutions();
+        if (memoryFailed)
+            m_solver.keepFirstSolution();
         const KWDocument best = m_solver.bestSolution();
         traceLine(QStringLiteral("**best solution="), best.history());
         m_document = best;

@@ -20,8 +20,9 @@ struct KWLayoutProgress
     int done;
     /// Start solutions wanted; meaningless after the start stage.
     int total;
-    /// The better of the plan's score and the first candidate's. Start solutions stand in the
-    /// order in which they were made, so a better one may be among them.
+    /// The score of what would be adopted now: of the first candidate if it seats more guests or
+    /// scores higher, else of the plan. Start solutions stand in the order in which they were made,
+    /// so a better one may be among them.
     int score;
 };
 

@@ -30,6 +30,8 @@ KWAutoLayoutProgressDlgImpl::~KWAutoLayoutProgressDlgImpl() = default;
 
 void KWAutoLayoutProgressDlgImpl::runAutoLayout()
 {
+    // A stop that came too late for the run before is not meant for this one.
+    m_document->setAbortRequested(false);
     show();
     KWLayoutOptions options;
     if (KWMainWindow *window = mainWin()) {

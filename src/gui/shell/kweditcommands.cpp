@@ -39,11 +39,12 @@ KWEditCommands::~KWEditCommands() = default;
 
 void KWEditCommands::saveUndoState(const QString &label)
 {
-    m_undoDocument.reset();
+    // Without memory for it, what could be undone before still can be.
+    auto plan = std::make_unique<KWDocument>();
+    *plan = *m_window->document();
+    m_undoDocument = std::move(plan);
     m_redoDocument.reset();
     m_undoLabel = label;
-    m_undoDocument = std::make_unique<KWDocument>();
-    *m_undoDocument = *m_window->document();
     updateUndoActions();
 }
 

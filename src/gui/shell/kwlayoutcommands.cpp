@@ -7,7 +7,40 @@
 #include "kwmessages.h"
 #include "ui_kwmainwin.h"
 
+#include <QAction>
+#include <QPointer>
 #include <QScopedValueRollback>
+
+namespace {
+
+/// Turns all commands of a window off while it lives. Most of what a user does waits for a modal
+/// dialog anyway, but a menu bar of the desktop, or an aid for the disabled, does not.
+class CommandsOff
+{
+public:
+    explicit CommandsOff(const QWidget *window)
+    {
+        for (QAction *action : window->findChildren<QAction *>()) {
+            if (action->isEnabled() && !action->menu()) {
+                m_actions.append(action);
+                action->setEnabled(false);
+            }
+        }
+    }
+    ~CommandsOff()
+    {
+        for (QAction *action : std::as_const(m_actions)) {
+            if (action)
+                action->setEnabled(true);
+        }
+    }
+    CommandsOff(const CommandsOff &) = delete;
+    CommandsOff &operator=(const CommandsOff &) = delete;
+
+private:
+    QList<QPointer<QAction>> m_actions;
+};
+} // namespace
 
 KWLayoutCommands::KWLayoutCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window)
     : QObject(parent)
@@ -40,7 +73,7 @@ bool KWLayoutCommands::mayLayOut()
 
 void KWLayoutCommands::fileAutoLayout()
 {
-    if (!mayLayOut())
+    if (m_isRunning || !mayLayOut())
         return;
     try {
         run();
@@ -48,6 +81,7 @@ void KWLayoutCommands::fileAutoLayout()
         errorBox(tr("Undefined exception.\nPlease contact support."), tr("OK"));
     }
     m_window->updateActionsOnViewChange();
+    emit finished();
 }
 
 void KWLayoutCommands::run()
@@ -56,5 +90,6 @@ void KWLayoutCommands::run()
     const QScopedValueRollback running(m_isRunning, true);
     m_window->showStatusMessage(tr("Auto layout"));
     m_window->saveUndoState(tr("Auto layout"));
+    const CommandsOff off(m_window->widget());
     KWAutoLayoutProgressDlgImpl(m_window->widget(), m_window->document()).runAutoLayout();
 }

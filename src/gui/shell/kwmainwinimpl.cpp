@@ -362,6 +362,11 @@ void KWMainWinImpl::fileExit()
 void KWMainWinImpl::closeEvent(QCloseEvent *event)
 {
     if (m_layoutCommands->isRunning()) {
+        // The session ends, for one; the plan has to be whole before it can be saved.
+        m_document.abortProcessing();
+        connect(m_layoutCommands, &KWLayoutCommands::finished, this, &KWMainWinImpl::close,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection |
+                                                Qt::SingleShotConnection));
         event->ignore();
         return;
     }

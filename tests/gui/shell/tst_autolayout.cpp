@@ -224,22 +224,74 @@ private slots:
             dialog.close();
         });
         open.layOut();
+        QVERIFY(look.happened());
         QCOMPARE(items, 0);
         QVERIFY(!open.window.panes()->floorPlan()->canvas()->items().isEmpty());
     }
 
-    void theWindowDoesNotCloseWhileItRuns()
+    void theWindowClosesOnlyWhenTheLayoutHasEnded_data()
     {
+        QTest::addColumn<bool>("all");
+        QTest::newRow("the window") << false;
+        // As the end of the session and the end of the program do.
+        QTest::newRow("all windows") << true;
+    }
+
+    void theWindowClosesOnlyWhenTheLayoutHasEnded()
+    {
+        QFETCH(bool, all);
         LayoutWindow open;
         neverEnd(open);
-        bool closed = true;
-        const Interruption close(60, [&](QDialog &dialog) {
-            closed = open.window.close();
+        bool wasOpen = false;
+        const Interruption close(60, [&](QDialog &) {
+            all ? QApplication::closeAllWindows() : void(open.window.close());
+            wasOpen = open.window.isVisible();
+        });
+        open.prompts.answer(s("&Cancel"));
+        open.layOut();
+        QVERIFY(close.happened());
+        QVERIFY(wasOpen);
+        QCOMPARE(open.plan().seatedGuestCount(), 16);
+        QTRY_COMPARE(open.prompts.texts(), QStringList{s("Save changes to this plan?")});
+        QVERIFY(open.window.isVisible());
+        // Asked once: the next layout does not close it.
+        open.window.userSettings()->setSolverMaxGenerationsUnimproved(1);
+        open.window.userSettings()->setValue(u"warning/autolayout_unassign", false);
+        open.layOut();
+        QCoreApplication::processEvents();
+        QCOMPARE(open.prompts.waiting(), 0);
+    }
+
+    void noCommandReachesThePlanWhileItRuns()
+    {
+        LayoutWindow open;
+        open.window.saveUndoState(s("before"));
+        neverEnd(open);
+        const QByteArray before = open.plan().toPlanText({});
+        const Interruption commands(60, [&](QDialog &dialog) {
+            for (const char *name :
+                 {"m_editUndoAction", "m_fileAutoLayoutAction", "m_fileNewAction",
+                  "m_fileExitAction", "m_insertNewGuestAction"})
+                open.action(name)->trigger();
             dialog.close();
         });
         open.layOut();
-        QVERIFY(!closed);
-        QVERIFY(open.window.isVisible());
+        QVERIFY(commands.happened());
+        QCOMPARE(open.plan().seatedGuestCount(), 16);
+        // They are back, and undo leads to before the layout.
+        QVERIFY(open.action("m_fileNewAction")->isEnabled());
+        QVERIFY(open.action("m_fileAutoLayoutAction")->isEnabled());
+        QVERIFY(!open.action("m_editRedoAction")->isEnabled());
+        open.run("m_editUndoAction");
+        QCOMPARE(open.plan().toPlanText({}), before);
+    }
+
+    void aStopThatCameTooLateDoesNotStopTheNextLayout()
+    {
+        LayoutWindow open;
+        open.plan().abortProcessing();
+        open.layOut();
+        QCOMPARE(open.prompts.texts(), QStringList());
         QCOMPARE(open.plan().seatedGuestCount(), 16);
     }
 
