@@ -22,14 +22,21 @@ QRect extentOf(const QColor &colour, const QImage &picture)
 /// screenshot FILE: what the display shows, as a picture.
 /// screenshot FILE COLOUR: the same, and prints "x y width height" of what spans all pixels of the
 /// colour ("#308cc6"); it fails if there is none.
+/// screenshot FILE X Y WIDTH HEIGHT: what a part of the display shows.
 int main(int argc, char **argv)
 {
     QGuiApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 2 && arguments.size() != 3)
+    if (arguments.size() != 2 && arguments.size() != 3 && arguments.size() != 6)
         return 64;
-    const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow();
-    if (!picture.save(arguments.at(1)))
+    QRect part(0, 0, -1, -1);
+    if (arguments.size() == 6)
+        part = {arguments.at(2).toInt(), arguments.at(3).toInt(), arguments.at(4).toInt(),
+                arguments.at(5).toInt()};
+    const QPixmap picture = QGuiApplication::primaryScreen()->grabWindow(
+        0, part.x(), part.y(), part.width(), part.height());
+    // With no alpha channel it is smaller.
+    if (!picture.toImage().convertToFormat(QImage::Format_RGB888).save(arguments.at(1)))
         return 1;
     if (arguments.size() == 3) {
         const QRect extent = extentOf(QColor(arguments.at(2)), picture.toImage());

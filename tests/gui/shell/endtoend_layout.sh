@@ -1,0 +1,131 @@
+#!/usr/bin/env bash
+# endtoend_layout.sh PROGRAM SCREENSHOT PLAN PICTURES: an evening on which everybody gets a seat, on a
+# display of its own: the layout of a copy of PLAN is stopped, undone, and run to its end. What the
+# saved plan says counts. SCREENSHOT is the program that takes the pictures, which go to the
+# directory PICTURES.
+set -euo pipefail
+here=$(dirname "$(realpath "$0")")
+. "$here/../../support/person.sh"
+
+program=$1
+screenshot=$2
+plan=$3
+keep_pictures_in "$4"
+saved="$HOME/june.kw"
+title="Ambrelune - june.kw"
+
+# prefer TEXT: the user's settings for the layout, in place of those from before.
+prefer() {
+  mkdir -p "$HOME/.config/Veltrace"
+  cat >"$HOME/.config/Veltrace/Ambrelune.conf" <<SETTINGS
+[help]
+show_getting_started=false
+$1
+SETTINGS
+}
+
+# save: the plan under its name.
+save() {
+  rm -f "$saved"
+  xdotool key ctrl+s
+  wait_until 30 saved_whole || fail "The plan was not saved"
+}
+
+saved_whole() {
+  grep -q '</root>' "$saved"
+}
+
+# seating PLAN: who sits where, a line for each table.
+seating() {
+  sed -n 's/.* assigned="\([^"]*\)".*/\1/p' "$1"
+}
+
+# seated_in PLAN: how many guests have a seat.
+seated_in() {
+  seating "$1" | sed 's/%2C/\n/g' | grep -cv '^-1$'
+}
+
+# is_laid_out: saves, and everybody must have a seat.
+is_laid_out() {
+  rm -f "$saved"
+  xdotool key ctrl+s
+  wait_until 2 saved_whole && [ "$(seated_in "$saved")" -eq "$guests" ]
+}
+
+# part NAME X Y WIDTH HEIGHT: a picture of a part of the display.
+part() {
+  "$screenshot" "$work/$1.png" "${@:2}"
+}
+
+# see_score NAME: what the window of the layout says of the score it has.
+see_score() {
+  local WINDOW X Y WIDTH HEIGHT SCREEN
+  eval "$(xdotool getwindowgeometry --shell "$(cat "$work/window")")"
+  # With both scores, but without the bar, which moves, too.
+  part "$1" $((X + WIDTH - 80)) "$Y" 80 45
+}
+
+score_is_another() {
+  see_score score-now
+  ! cmp "$work/score.png" "$work/score-now.png"
+}
+
+# has_seats_of PLAN: saves, and all must sit as they do there.
+has_seats_of() {
+  save
+  diff <(seating "$1") <(seating "$saved")
+}
+
+start_program() {
+  start "$program" "$saved"
+  active "$title"
+}
+
+guests=$(grep -c '<guest ' "$plan")
+[ "$(seated_in "$plan")" -lt "$guests" ] || fail "Everybody in the example is seated"
+cp "$plan" "$saved"
+sit_down
+
+# So long that only Esc can end it.
+prefer "[solver]
+stopCriteria=1
+maxSeconds=600"
+start_program
+picture opened
+xdotool key ctrl+l
+active "Auto layout"
+see_score score
+wait_until 60 score_is_another || fail "The score does not climb"
+picture running
+xdotool key Escape
+gone "Auto layout"
+active "$title"
+wait_until 60 is_laid_out || fail "$(seated_in "$saved") of $guests guests are seated after Esc"
+picture stopped
+
+xdotool key ctrl+z
+has_seats_of "$plan" || fail "Undo does not bring the seats back"
+picture undone
+xdotool key ctrl+y
+wait_until 60 is_laid_out || fail "Redo does not bring the layout back"
+xdotool key ctrl+z
+has_seats_of "$plan" || fail "The second undo does not bring the seats back"
+xdotool key alt+F4
+left
+
+prefer ""
+start_program
+xdotool key ctrl+l
+wait_until 60 is_laid_out || fail "$(seated_in "$saved") of $guests guests are seated at the end"
+picture laid-out
+# Only from now on are there seats to lose.
+cp "$saved" "$work/laid-out.kw"
+xdotool key ctrl+l
+active Ambrelune
+picture question
+xdotool key alt+n
+gone Ambrelune
+active "$title"
+has_seats_of "$work/laid-out.kw" || fail "Seats changed though the answer was no"
+xdotool key alt+F4
+left
