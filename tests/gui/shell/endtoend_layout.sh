@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # endtoend_layout.sh PROGRAM SCREENSHOT PLAN PICTURES: an evening on which everybody gets a seat, on a
-# display of its own: the layout of a copy of PLAN is stopped, undone, and run to its end. What the
-# saved plan says counts. SCREENSHOT is the program that takes the pictures, which go to the
+# display of its own: the layout of a copy of PLAN is stopped, undone, and run to its end; then the
+# wishes not met are looked at, and the plan gets other colours, which are there the next day. What
+# the saved plan says counts. SCREENSHOT is the program that takes the pictures, which go to the
 # directory PICTURES.
 set -euo pipefail
 here=$(dirname "$(realpath "$0")")
@@ -13,6 +14,13 @@ plan=$3
 keep_pictures_in "$4"
 saved="$HOME/june.kw"
 title="Ambrelune - june.kw"
+
+# Where the mouse finds things in the window, which covers the display.
+expand_button=(1262 128)
+conflicts_button=(567 128)
+floor_plan=(316 150 946 400)
+# Of the lines between guests who would like to sit near each other.
+line_colour='#ff00ff'
 
 # prefer TEXT: the user's settings for the layout, in place of those from before.
 prefer() {
@@ -70,6 +78,20 @@ score_is_another() {
   ! cmp "$work/score.png" "$work/score-now.png"
 }
 
+see_lines() {
+  "$screenshot" "$work/look.png" "$line_colour"
+}
+
+see_no_lines() {
+  ! see_lines
+}
+
+# floor_plan_is NAME: as in the picture of that part that was taken under this name.
+floor_plan_is() {
+  part floor-plan-now "${floor_plan[@]}"
+  cmp "$work/floor-plan-now.png" "$work/$1.png"
+}
+
 # has_seats_of PLAN: saves, and all must sit as they do there.
 has_seats_of() {
   save
@@ -113,6 +135,7 @@ has_seats_of "$plan" || fail "The second undo does not bring the seats back"
 xdotool key alt+F4
 left
 
+# To the end, as the program does it by itself.
 prefer ""
 start_program
 xdotool key ctrl+l
@@ -127,5 +150,15 @@ xdotool key alt+n
 gone Ambrelune
 active "$title"
 has_seats_of "$work/laid-out.kw" || fail "Seats changed though the answer was no"
+
+see_no_lines || fail "There are lines in the floor plan"
+part before-lines "${floor_plan[@]}"
+xdotool mousemove "${conflicts_button[@]}" mousedown 1
+wait_until 30 see_lines || fail "There are no lines while the button is held"
+picture conflicts
+xdotool mouseup 1
+wait_until 30 see_no_lines || fail "The lines stay"
+wait_until 30 floor_plan_is before-lines || fail "The lines leave something behind"
+
 xdotool key alt+F4
 left
