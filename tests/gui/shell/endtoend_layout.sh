@@ -18,9 +18,21 @@ title="Ambrelune - june.kw"
 # Where the mouse finds things in the window, which covers the display.
 expand_button=(1262 128)
 conflicts_button=(567 128)
-floor_plan=(316 150 946 400)
+# Once the panel is unfolded.
+colours_button=(1262 157)
+floor_plan=(316 210 946 340)
+# Of the tables of the example.
+table_colour='#e2d8ee'
 # Of the lines between guests who would like to sit near each other.
 line_colour='#ff00ff'
+
+# A theme that ships, two of its colours, and the name under which it is kept once more.
+theme="Sea breeze"
+theme_room=247,252,254
+theme_room_colour='#f7fcfe'
+theme_table_colour='#bfe3ee'
+own_theme="Evening by the sea"
+own_themes="$HOME/.local/share/Veltrace/Ambrelune/themes.txt"
 
 # prefer TEXT: the user's settings for the layout, in place of those from before.
 prefer() {
@@ -84,6 +96,19 @@ see_lines() {
 
 see_no_lines() {
   ! see_lines
+}
+
+see_room_of_theme() {
+  "$screenshot" "$work/look.png" "$theme_room_colour"
+}
+
+# tables COLOUR: where on the display they are.
+tables() {
+  "$screenshot" "$work/look.png" "$1"
+}
+
+tables_moved() {
+  [ "$(tables "$1")" != "$2" ]
 }
 
 # floor_plan_is NAME: as in the picture of that part that was taken under this name.
@@ -160,5 +185,50 @@ xdotool mouseup 1
 wait_until 30 see_no_lines || fail "The lines stay"
 wait_until 30 floor_plan_is before-lines || fail "The lines leave something behind"
 
+shown=$(tables "$table_colour")
+xdotool mousemove "${expand_button[@]}" click 1
+wait_until 30 tables_moved "$table_colour" "$shown" || fail "The panel does not unfold"
+picture unfolded
+xdotool mousemove "${colours_button[@]}" click 1
+active "Fonts and colours"
+picture colours
+# Back from OK to the list, and on to the first button beside it.
+xdotool key shift+Tab shift+Tab
+xdotool type -- "${theme%% *}"
+picture theme-picked
+xdotool key Tab space
+wait_until 30 see_room_of_theme || fail "The preview does not show the theme"
+picture theme-loaded
+xdotool key Tab space
+active "Theme name"
+xdotool key ctrl+a
+xdotool type -- "$own_theme"
+picture theme-name
+xdotool key Return
+gone "Theme name"
+active "Fonts and colours"
+picture theme-saved
+grep -q "^$own_theme^.*^$theme_room^" "$own_themes" || fail "The theme was not saved"
+xdotool key alt+o
+gone "Fonts and colours"
+active "$title"
+save
+grep -q "<floorplan_colour_inside value=\"${theme_room//,/%2C}\"" "$saved" ||
+  fail "The plan does not have the colours of the theme"
+# Folded again, as it is when the program starts.
+shown=$(tables "$theme_table_colour")
+xdotool mousemove "${expand_button[@]}" click 1
+wait_until 30 tables_moved "$theme_table_colour" "$shown" || fail "The panel does not fold"
+xdotool mousemove 10 890
+part last-evening "${floor_plan[@]}"
+picture last-evening
+cp "$saved" "$work/last-evening.kw"
 xdotool key alt+F4
 left
+
+start_program
+wait_until 30 floor_plan_is last-evening || fail "The floor plan does not look as it did"
+picture next-day
+xdotool key alt+F4
+left
+cmp "$saved" "$work/last-evening.kw" || fail "To open and close the plan has changed it"
