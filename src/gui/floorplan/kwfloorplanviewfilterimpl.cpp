@@ -8,6 +8,7 @@
 #include "kwmainwindow.h"
 #include "ui_kwfloorplanviewfilter.h"
 
+#include <QApplication>
 #include <QEvent>
 
 using Filter = KWFloorPlanViewFilterImpl;
@@ -128,15 +129,21 @@ void KWFloorPlanViewFilterImpl::setChoices(const Choices &choices)
     m_view->setNameOrder(order);
     set(m_ui->m_seatsComboBox, &QComboBox::setCurrentIndex, indexOf(choices.seats));
     m_canvas->displaySeats(choices.seats);
-    const auto setFlag = [this, &set](QCheckBox *box, void (KWCanvas::*slot)(bool), bool on) {
-        set(box, &QCheckBox::setChecked, on);
-        (m_canvas->*slot)(on);
-    };
-    setFlag(m_ui->m_genderCheckBox, &KWCanvas::showGender, choices.gender);
-    setFlag(m_ui->m_ageCheckBox, &KWCanvas::showAge, choices.age);
-    setFlag(m_ui->m_vipCheckBox, &KWCanvas::showVIP, choices.vip);
-    setFlag(m_ui->m_groupsCheckBox, &KWCanvas::showGroups, choices.groups);
-    setFlag(m_ui->m_lockedCheckBox, &KWCanvas::showLocked, choices.locked);
+    const Ui::KWFloorPlanViewFilter &ui = *m_ui;
+    const struct
+    {
+        QCheckBox *box;
+        void (KWCanvas::*show)(bool);
+        bool on;
+    } flags[] = {{ui.m_genderCheckBox, &KWCanvas::showGender, choices.gender},
+                 {ui.m_ageCheckBox, &KWCanvas::showAge, choices.age},
+                 {ui.m_vipCheckBox, &KWCanvas::showVIP, choices.vip},
+                 {ui.m_groupsCheckBox, &KWCanvas::showGroups, choices.groups},
+                 {ui.m_lockedCheckBox, &KWCanvas::showLocked, choices.locked}};
+    for (const auto &flag : flags) {
+        set(flag.box, &QCheckBox::setChecked, flag.on);
+        (m_canvas->*flag.show)(flag.on);
+    }
     enableFlags(choices.seats);
 }
 
@@ -171,15 +178,16 @@ void KWFloorPlanViewFilterImpl::fold(bool folded)
     const Ui::KWFloorPlanViewFilter &ui = *m_ui;
     QToolButton *pressed = folded ? ui.m_collapseButton : ui.m_expandButton;
     QToolButton *other = folded ? ui.m_expandButton : ui.m_collapseButton;
-    const bool focused = pressed->hasFocus();
-    for (QWidget *part : std::initializer_list<QWidget *>{
-             ui.m_nameOrderLabel, ui.m_nameOrderComboBox, ui.m_seatsLabel, ui.m_seatsComboBox,
-             ui.m_genderCheckBox, ui.m_ageCheckBox, ui.m_groupsCheckBox, ui.m_vipCheckBox,
-             ui.m_lockedCheckBox, ui.m_dimensionsButton, ui.m_coloursButton})
-        part->setVisible(!folded);
+    const QList<QWidget *> parts{ui.m_nameOrderLabel,   ui.m_nameOrderComboBox, ui.m_seatsLabel,
+                                 ui.m_seatsComboBox,    ui.m_genderCheckBox,    ui.m_ageCheckBox,
+                                 ui.m_groupsCheckBox,   ui.m_vipCheckBox,       ui.m_lockedCheckBox,
+                                 ui.m_dimensionsButton, ui.m_coloursButton};
     other->show();
-    if (focused)
+    // The keys would go to what comes behind the parts that go.
+    if (pressed->hasFocus() || parts.contains(QApplication::focusWidget()))
         other->setFocus();
+    for (QWidget *part : parts)
+        part->setVisible(!folded);
     pressed->hide();
 }
 
@@ -235,8 +243,16 @@ void KWFloorPlanViewFilterImpl::zoomCentre()
 
 void KWFloorPlanViewFilterImpl::updateZoomButtons()
 {
-    m_ui->m_zoomInButton->setEnabled(m_view->canZoomIn());
-    m_ui->m_zoomOutButton->setEnabled(m_view->canZoomOut());
+    const auto update = [this](QToolButton *button, bool on) {
+        // Or the toolkit would give the keys to the next button, which does the opposite.
+        if (!on && button->hasFocus()) {
+            button->clearFocus();
+            m_view->setFocus();
+        }
+        button->setEnabled(on);
+    };
+    update(m_ui->m_zoomInButton, m_view->canZoomIn());
+    update(m_ui->m_zoomOutButton, m_view->canZoomOut());
 }
 
 void KWFloorPlanViewFilterImpl::updateRotateButton()

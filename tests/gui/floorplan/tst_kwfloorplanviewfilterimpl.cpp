@@ -174,6 +174,7 @@ private slots:
     void linesComeBackWithThePointer();
     void holdingAButtonIsNoChangeOfThePlan();
 
+    void aZoomButtonAtItsLimitLeavesTheKeysToThePlan();
     void theZoomButtonsAndCtrlAndTheWheelKeepToTheLimits();
     void theZoomButtonsFollowTheSizeOfTheWindow();
     void theZoomButtonsFollowTheRoom();
@@ -348,7 +349,22 @@ void TestKWFloorPlanViewFilterImpl::theButtonsUnfoldAndFoldThePanelAndKeepTheFoc
         QVERIFY2(widget->isVisible() || widget == expand, qPrintable(widget->objectName()));
     QTest::keyClick(collapse, Qt::Key_Space);
     QVERIFY(expand->hasFocus());
+    QTest::keyClick(expand, Qt::Key_Space);
+    shown.names->setFocus();
+    shown.click("m_collapseButton");
+    QVERIFY(expand->hasFocus());
     QVERIFY(!shown.plan.isModified());
+}
+
+void TestKWFloorPlanViewFilterImpl::aZoomButtonAtItsLimitLeavesTheKeysToThePlan()
+{
+    PanelPlan shown;
+    QToolButton *zoomIn = shown.button("m_zoomInButton");
+    zoomIn->setFocus();
+    for (int i = 0; i < 50 && zoomIn->isEnabled(); ++i)
+        QTest::keyClick(zoomIn, Qt::Key_Space);
+    QVERIFY(!zoomIn->isEnabled());
+    QVERIFY(!shown.button("m_zoomOutButton")->hasFocus());
 }
 
 void TestKWFloorPlanViewFilterImpl::anOrderOfNamesGoesToTheFloorPlanAndChangesThePlan()
