@@ -1,13 +1,11 @@
 #include "kwcanvas.h"
 
-#include "kwbusy.h"
 #include "kwcolours.h"
 #include "kwdocument.h"
 #include "kwfloorplanitem.h"
 #include "kwplacefinder.h"
 #include "kwroomgeometry.h"
 
-#include <QApplication>
 #include <QPainter>
 #include <QPixmap>
 #include <QScopedValueRollback>
@@ -18,20 +16,6 @@ KWCanvas::Display &sharedDisplay()
 {
     static KWCanvas::Display display;
     return display;
-}
-
-QColor lineColour(int value)
-{
-    switch (value) {
-    case KWScore::Loves:
-        return Qt::red;
-    case KWScore::Likes:
-        return Qt::magenta;
-    case KWScore::Dislikes:
-        return Qt::gray;
-    default:
-        return Qt::black;
-    }
 }
 } // namespace
 
@@ -293,83 +277,6 @@ void KWCanvas::moveToNextTablePos(KWTableCanvasViewItem *item)
     const QPoint place = finder.freePlace(item->pos(), item->area().size());
     item->moveBy(place.x() - item->x(), place.y() - item->y());
     m_document->moveTable(item->table(), place.x(), place.y());
-}
-
-void KWCanvas::showLovesAffinity()
-{
-    addLines(KWScore::Loves);
-}
-
-void KWCanvas::showLikesAffinity()
-{
-    addLines(KWScore::Likes);
-}
-
-void KWCanvas::showDislikesAffinity()
-{
-    addLines(KWScore::Dislikes);
-}
-
-void KWCanvas::showHatesAffinity()
-{
-    addLines(KWScore::Hates);
-}
-
-void KWCanvas::showAllAffinity()
-{
-    showLovesAffinity();
-    showLikesAffinity();
-    showDislikesAffinity();
-    showHatesAffinity();
-}
-
-void KWCanvas::addLines(int value)
-{
-    const KWBusy busy;
-    for (const GuestPair &pair : m_document->proximityPairs(value))
-        addLine(pair, value);
-}
-
-void KWCanvas::showConflicts()
-{
-    const KWBusy busy;
-    for (const int value : {KWScore::Loves, KWScore::Likes, KWScore::Dislikes, KWScore::Hates}) {
-        for (const GuestPair &pair : m_document->proximityPairs(value)) {
-            if (isConflict(pair, value))
-                addLine(pair, value);
-        }
-    }
-}
-
-bool KWCanvas::isConflict(const GuestPair &pair, int value) const
-{
-    switch (value) {
-    case KWScore::Loves:
-        return !m_document->isNextTo(pair.first, pair.second);
-    case KWScore::Likes:
-        return !m_document->atSameTable(pair.first, pair.second);
-    case KWScore::Dislikes:
-        return m_document->isNextTo(pair.first, pair.second);
-    default:
-        return m_document->atSameTable(pair.first, pair.second);
-    }
-}
-
-void KWCanvas::addLine(const GuestPair &pair, int value)
-{
-    const KWSeatCanvasViewItem *from = itemOfGuest(pair.first);
-    const KWSeatCanvasViewItem *to = itemOfGuest(pair.second);
-    if (!from || !to)
-        return;
-    const QLineF line(from->pos().toPoint(), to->pos().toPoint());
-    m_lines.append(new KWLineCanvasViewItem(this, line, lineColour(value)));
-}
-
-void KWCanvas::hideAffinity()
-{
-    if (m_lines.contains(m_selected))
-        setSelected(nullptr);
-    qDeleteAll(std::exchange(m_lines, {}));
 }
 
 QRectF KWCanvas::itemBounds(double margin) const
