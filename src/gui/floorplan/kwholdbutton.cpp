@@ -13,9 +13,10 @@ KWHoldButton::KWHoldButton(QWidget *parent)
 
 void KWHoldButton::letGo()
 {
+    // Also where the pointer is outside at the moment, to come back later.
+    m_letGo = true;
     if (!isDown())
         return;
-    m_letGo = true;
     setDown(false);
     emit released();
 }
@@ -49,7 +50,8 @@ bool KWHoldButton::event(QEvent *event)
 
 void KWHoldButton::mousePressEvent(QMouseEvent *event)
 {
-    m_letGo = false;
+    if (event->button() == Qt::LeftButton)
+        m_letGo = false;
     QToolButton::mousePressEvent(event);
 }
 

@@ -148,6 +148,26 @@ private slots:
         QCOMPARE(held.told, s("+-"));
     }
 
+    void whatTakesItAwayWhileThePointerIsOutsideEndsItToo_data()
+    {
+        whatTakesItAwayEndsTheHolding_data();
+    }
+
+    void whatTakesItAwayWhileThePointerIsOutsideEndsItToo()
+    {
+        QFETCH(Loss, lose);
+        Held held;
+        held.press();
+        held.moveAside();
+        lose(held);
+        held.button.window()->setEnabled(true);
+        held.button.setEnabled(true);
+        held.button.window()->show();
+        held.button.show();
+        held.moveOver();
+        QCOMPARE(held.told, s("+-"));
+    }
+
     void whatTakesItAwayEndsTheHoldingOfAKey_data() { whatTakesItAwayEndsTheHolding_data(); }
 
     void whatTakesItAwayEndsTheHoldingOfAKey()
