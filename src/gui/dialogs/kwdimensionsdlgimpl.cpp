@@ -10,6 +10,8 @@
 #include "kwwhatsthishelper.h"
 #include "ui_kwdimensionsdlg.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr double leastRoom = 5;

@@ -1,5 +1,7 @@
 #include "kwlengthvalidator.h"
 
+#include <algorithm>
+
 namespace {
 
 QLocale ungrouped(QLocale locale)

@@ -30,7 +30,7 @@ public:
     void zoomIn();
     void zoomOut();
     /// As large as shows all tables, and so it stays when the view is resized, until the user zooms
-    /// or scrolls.
+    /// or scrolls or the tables take another place.
     void zoomCentre();
     bool canZoomIn() const;
     bool canZoomOut() const;
@@ -131,8 +131,9 @@ private:
     QPointF m_tableStart;
     bool m_movingTable = false;
     bool m_dragStarted = false;
-    /// As zoomCentre() left it.
+    /// As zoomCentre() left it, when the tables took this place.
     bool m_isFitted = false;
+    QRectF m_fittedBounds;
     /// What Ctrl and the wheel have turned towards the next step of the zoom, in eighths of a
     /// degree.
     int m_wheelTurn = 0;

@@ -246,6 +246,7 @@ void KWCanvasView::zoomCentre()
 {
     const KWBusy busy;
     m_isFitted = true;
+    m_fittedBounds = m_canvas.itemBounds(0);
     fit();
 }
 
@@ -253,7 +254,7 @@ void KWCanvasView::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
     // Also when the scroll bars that it brings take their room.
-    if (m_isFitted)
+    if (m_isFitted && m_canvas.itemBounds(0) == m_fittedBounds)
         fit();
 }
 

@@ -252,6 +252,8 @@ private slots:
         QTest::newRow("zoom") << s("zoom") << false;
         QTest::newRow("scroll") << s("scroll") << false;
         QTest::newRow("show a guest") << s("show") << false;
+        // Or unfolding the panel after the first table of a new plan would jump to it.
+        QTest::newRow("another table") << s("table") << false;
     }
 
     void aFittedPlanStaysFittedUntilTheUserZoomsOrScrolls()
@@ -268,6 +270,8 @@ private slots:
             shown.view.horizontalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
         else if (act == u"show")
             shown.view.selectGuest(ann);
+        else if (act == u"table")
+            shown.table("U", KWTable::HeadTop, 2, {1700, 1500});
         const double before = shown.view.zoom();
         shown.view.resize(500, 600);
         QFETCH(bool, staysFitted);
