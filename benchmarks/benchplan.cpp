@@ -1,6 +1,6 @@
 #include "benchplan.h"
 
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
 
 namespace {
 constexpr int groupSize = 3;

@@ -1,8 +1,8 @@
 #include "benchplan.h"
-#include "kwdocument.h"
-#include "kwgeneticsolver.h"
-#include "kwlayoutrun.h"
-#include "kwrandom.h"
+#include "core/autolayout/kwgeneticsolver.h"
+#include "core/autolayout/kwlayoutrun.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwrandom.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,10 +1,10 @@
 #include "benchplan.h"
-#include "kwguestslistview.h"
-#include "kwguestviewfilterimpl.h"
-#include "kwlefttab.h"
-#include "kwmainwinimpl.h"
-#include "kwpanes.h"
-#include "kwusersettings.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/panes/kwguestslistview.h"
+#include "gui/panes/kwguestviewfilterimpl.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwmainwinimpl.h"
+#include "gui/shell/kwpanes.h"
 #include "openwindow.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 #include "benchplan.h"
-#include "kwautolayoutprogressdlgimpl.h"
-#include "kwdocument.h"
-#include "kwmainwinimpl.h"
-#include "kwrandom.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwrandom.h"
+#include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
+#include "gui/shell/kwmainwinimpl.h"
 #include "openwindow.h"
 
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 #include "benchplan.h"
-#include "kwfilecommands.h"
-#include "kwmainwinimpl.h"
-#include "kwpixmaps.h"
-#include "kwusersettings.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwmainwinimpl.h"
 #include "openwindow.h"
 
 #include <QApplication>

@@ -8,9 +8,17 @@ set(CMAKE_AUTOMOC ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  # Precompiled headers are cached only when their time stamps and macros may differ.
+  # Precompiled headers are cached only when their time stamps and macros may differ; what one
+  # clone has compiled serves the next.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+      CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE})
+endif()
+
+# The usual linker takes seconds for each program of a debug build.
+find_program(MOLD mold)
+if(MOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_link_options(-fuse-ld=mold)
 endif()
 
 add_library(ambrelune_options INTERFACE)
@@ -34,20 +42,14 @@ if(AMBRELUNE_SANITIZE)
 endif()
 
 # ambrelune_library(NAME [WIDGETS] LINK...): the static library of one folder under src/, of all
-# the sources in it but kwmain.cpp, with the folder as its include directory. WIDGETS: most of
-# them use widgets.
+# the sources in it but kwmain.cpp. WIDGETS: most of them use widgets.
 function(ambrelune_library name)
   cmake_parse_arguments(ARG "WIDGETS" "" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   list(FILTER sources EXCLUDE REGEX "/kwmain[.]cpp$")
   add_library(${name} STATIC ${sources})
-  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE ambrelune_options)
-  target_precompile_headers(${name} PRIVATE <QColor> <QFont> <QHash> <QList> <QMap> <QObject>
-                            <QString> <QStringList> <algorithm> <array> <memory> <vector>)
-  if(ARG_WIDGETS)
-    target_precompile_headers(${name} PRIVATE <QtWidgets>)
-  endif()
 endfunction()
 
 # ambrelune_ship(LIBRARY FOLDER FILES...): copies files into share/ambrelune/FOLDER beside the
@@ -66,13 +68,25 @@ function(ambrelune_ship library folder)
   add_dependencies(${library} ambrelune_ship_${folder})
 endfunction()
 
-# ambrelune_test(NAME SUPPORT SOURCES...): a Qt Test program that ctest runs without a display.
-# SUPPORT is the library whose helpers and precompiled header it uses.
-function(ambrelune_test name support)
-  cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
-  add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${support} ambrelune_options)
-  target_precompile_headers(${name} REUSE_FROM ${support})
-  add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
+# ambrelune_tests(FOLDER [GUI]): one Qt Test program of all the sources in a folder. Every tst_*.cpp
+# in it is a test of that name, which ctest runs by itself and without a display.
+function(ambrelune_tests folder)
+  cmake_parse_arguments(ARG "GUI" "" "" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.h ${folder}/tst_*.cpp)
+  string(REPLACE "/" "_" program ${folder}_tests)
+  if(ARG_GUI)
+    add_executable(${program} ${sources} support/gui/guimain.cpp)
+    set(support ambrelune_gui_test_support)
+  else()
+    add_executable(${program} ${sources} support/coremain.cpp)
+    set(support ambrelune_test_support)
+  endif()
+  target_link_libraries(${program} PRIVATE ${support} ambrelune_options)
+  target_precompile_headers(${program} REUSE_FROM ${support})
+  list(FILTER sources INCLUDE REGEX "[.]cpp$")
+  foreach(source IN LISTS sources)
+    cmake_path(GET source STEM name)
+    add_test(NAME ${name} COMMAND ${program} ${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300)
+  endforeach()
 endfunction()

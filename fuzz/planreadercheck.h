@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwdocument.h"
-#include "kwplanreader.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwplanreader.h"
 
 #include <QBuffer>
 #include <QByteArrayList>

@@ -1,7 +1,7 @@
-#include "commandline.h"
+#include "cli/commandline.h"
 
-#include "commands.h"
-#include "console.h"
+#include "cli/commands.h"
+#include "cli/console.h"
 
 CommandLine::CommandLine(const QString &command, const QString &description)
     : m_command(command)

@@ -1,8 +1,8 @@
-#include "console.h"
+#include "cli/console.h"
 
-#include "commands.h"
-#include "kwdocument.h"
-#include "kwsafefile.h"
+#include "cli/commands.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwsafefile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,10 +1,10 @@
-#include "commandline.h"
-#include "commands.h"
-#include "console.h"
-#include "floorplanpicture.h"
-#include "kwcanvas.h"
-#include "kwdocument.h"
-#include "kwfloorplantext.h"
+#include "cli/commandline.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/floorplanpicture.h"
+#include "core/model/kwdocument.h"
+#include "gui/floorplan/kwcanvas.h"
+#include "gui/floorplan/kwfloorplantext.h"
 
 #include <QFileInfo>
 

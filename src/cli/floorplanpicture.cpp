@@ -1,6 +1,6 @@
-#include "floorplanpicture.h"
+#include "cli/floorplanpicture.h"
 
-#include "kwcanvas.h"
+#include "gui/floorplan/kwcanvas.h"
 
 #include <QBuffer>
 #include <QImage>

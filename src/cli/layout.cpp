@@ -1,10 +1,10 @@
-#include "commandline.h"
-#include "commands.h"
-#include "console.h"
-#include "kwdocument.h"
-#include "kwgeneticsolver.h"
-#include "kwlayoutrun.h"
-#include "kwrandom.h"
+#include "cli/commandline.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "core/autolayout/kwgeneticsolver.h"
+#include "core/autolayout/kwlayoutrun.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwrandom.h"
 
 #include <QElapsedTimer>
 #include <QJsonDocument>

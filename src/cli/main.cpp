@@ -1,5 +1,5 @@
-#include "commands.h"
-#include "console.h"
+#include "cli/commands.h"
+#include "cli/console.h"
 
 #include <QApplication>
 #include <QFile>

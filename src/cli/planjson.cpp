@@ -1,8 +1,8 @@
-#include "planjson.h"
+#include "cli/planjson.h"
 
-#include "kwdocument.h"
-#include "kwplansettings.h"
-#include "kwplantext.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwplansettings.h"
+#include "core/model/kwplantext.h"
 
 #include <QJsonArray>
 

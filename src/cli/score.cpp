@@ -1,7 +1,7 @@
-#include "commandline.h"
-#include "commands.h"
-#include "console.h"
-#include "kwdocument.h"
+#include "cli/commandline.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "core/model/kwdocument.h"
 
 namespace {
 constexpr int numberWidth = 9;

@@ -1,8 +1,8 @@
-#include "commandline.h"
-#include "commands.h"
-#include "console.h"
-#include "kwdocument.h"
-#include "planjson.h"
+#include "cli/commandline.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/planjson.h"
+#include "core/model/kwdocument.h"
 
 #include <QJsonDocument>
 

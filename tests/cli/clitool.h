@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/sourcepath.h"
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -7,6 +9,12 @@
 #include <QtTest>
 
 // The real program, run on real files.
+
+/// Where the program was built, beside this one.
+inline QString commandLineTool()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/ambrelune-cli");
+}
 
 /// What came of a run; the status is -1 if the program did not end by itself in good time.
 struct Outcome
@@ -28,13 +36,13 @@ inline Outcome run(const QStringList &arguments, const QString &stdoutFile = {})
     QProcess process;
     if (!stdoutFile.isEmpty())
         process.setStandardOutputFile(stdoutFile);
-    process.start(QStringLiteral(AMBRELUNE_CLI), arguments);
+    process.start(commandLineTool(), arguments);
     return finish(process);
 }
 
 inline QString example(const QString &name)
 {
-    return QStringLiteral(AMBRELUNE_SOURCE_DIR "/examples/") + name;
+    return sourcePath("examples/") + name;
 }
 
 inline QByteArray contentOf(const QString &path)

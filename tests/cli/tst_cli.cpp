@@ -1,4 +1,5 @@
 #include "clitool.h"
+#include "support/registeredtest.h"
 
 #include <QJsonArray>
 #include <QTemporaryDir>
@@ -137,8 +138,7 @@ private slots:
             setrlimit(RLIMIT_FSIZE, &limit);
             std::signal(SIGXFSZ, SIG_IGN);
         });
-        process.start(QStringLiteral(AMBRELUNE_CLI),
-                      {u"save"_s, example(u"small.kw"_s), u"-o"_s, out()});
+        process.start(commandLineTool(), {u"save"_s, example(u"small.kw"_s), u"-o"_s, out()});
         const Outcome outcome = finish(process);
         QCOMPARE(outcome.status, 4);
         QVERIFY2(isComplaint(outcome.err), outcome.err);
@@ -270,7 +270,7 @@ private slots:
         write(out(), "a log\n");
         QProcess process;
         process.setStandardOutputFile(out(), QIODevice::Append);
-        process.start(QStringLiteral(AMBRELUNE_CLI),
+        process.start(commandLineTool(),
                       {u"save"_s, example(u"small.kw"_s), u"-o"_s, u"/dev/stdout"_s});
         QCOMPARE(finish(process).status, 0);
         QCOMPARE(contentOf(out()), "a log\n" + contentOf(example(u"small.kw"_s)));
@@ -360,7 +360,7 @@ private slots:
     void ctrlCStopsTheRunAndWritesTheBest()
     {
         QProcess process;
-        process.start(QStringLiteral(AMBRELUNE_CLI),
+        process.start(commandLineTool(),
                       {u"layout"_s, example(u"small.kw"_s), u"-o"_s, out(), u"--json"_s,
                        u"--stop"_s, u"time"_s, u"--seconds"_s, u"1000"_s});
         QVERIFY(process.waitForStarted());
@@ -381,8 +381,7 @@ private slots:
         QCOMPARE(openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
         QProcess process;
         process.setChildProcessModifier([slave] { dup2(slave, STDERR_FILENO); });
-        process.start(QStringLiteral(AMBRELUNE_CLI),
-                      {u"layout"_s, example(u"banquet.kw"_s), u"-o"_s, out()});
+        process.start(commandLineTool(), {u"layout"_s, example(u"banquet.kw"_s), u"-o"_s, out()});
         QCOMPARE(finish(process).status, 0);
         close(slave);
         QByteArray shown(4096, '\0');
@@ -434,5 +433,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(TestCli)
+REGISTER_TEST(TestCli)
 #include "tst_cli.moc"

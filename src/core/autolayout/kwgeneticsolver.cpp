@@ -1,9 +1,9 @@
-#include "kwgeneticsolver.h"
+#include "core/autolayout/kwgeneticsolver.h"
 
-#include "kwmemoryexception.h"
-#include "kwmodelhooks.h"
-#include "kwmutations.h"
-#include "kwrandom.h"
+#include "core/autolayout/kwmemoryexception.h"
+#include "core/autolayout/kwmutations.h"
+#include "core/model/kwmodelhooks.h"
+#include "core/model/kwrandom.h"
 
 #include <algorithm>
 #include <new>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwsolutionslist.h"
+#include "core/autolayout/kwsolutionslist.h"
 
 #include <QElapsedTimer>
 

@@ -1,7 +1,7 @@
-#include "kwlayoutrun.h"
+#include "core/autolayout/kwlayoutrun.h"
 
-#include "kwmemoryexception.h"
-#include "kwmodelhooks.h"
+#include "core/autolayout/kwmemoryexception.h"
+#include "core/model/kwmodelhooks.h"
 
 #include <QElapsedTimer>
 

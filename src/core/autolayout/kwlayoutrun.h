@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwgeneticsolver.h"
+#include "core/autolayout/kwgeneticsolver.h"
 
 #include <functional>
 

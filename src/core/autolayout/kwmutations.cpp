@@ -1,7 +1,7 @@
-#include "kwmutations.h"
+#include "core/autolayout/kwmutations.h"
 
-#include "kwdocument.h"
-#include "kwrandom.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwrandom.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "kwsolutionslist.h"
+#include "core/autolayout/kwsolutionslist.h"
 
 #include <algorithm>
 #include <compare>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
 
 #include <memory>
 #include <vector>

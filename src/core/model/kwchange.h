@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwobject.h"
+#include "core/model/kwobject.h"
 
 /// Stores a value if it differs from what an object has; true if it did.
 template <typename Object, typename Value>

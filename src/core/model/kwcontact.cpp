@@ -1,4 +1,4 @@
-#include "kwcontact.h"
+#include "core/model/kwcontact.h"
 
 #include <tuple>
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "kwgroup.h"
-#include "kwguest.h"
-#include "kwobjectlist.h"
-#include "kwplanfields.h"
-#include "kwproximitystore.h"
-#include "kwscore.h"
-#include "kwtable.h"
-#include "kwviewsettings.h"
+#include "core/model/kwgroup.h"
+#include "core/model/kwguest.h"
+#include "core/model/kwobjectlist.h"
+#include "core/model/kwplanfields.h"
+#include "core/model/kwproximitystore.h"
+#include "core/model/kwscore.h"
+#include "core/model/kwtable.h"
+#include "core/model/kwviewsettings.h"
 
 #include <QObject>
 #include <QPair>

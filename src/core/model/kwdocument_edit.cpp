@@ -1,5 +1,5 @@
-#include "kwchange.h"
-#include "kwdocument.h"
+#include "core/model/kwchange.h"
+#include "core/model/kwdocument.h"
 
 void KWDocument::reportModified()
 {

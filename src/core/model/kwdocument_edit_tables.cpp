@@ -1,5 +1,5 @@
-#include "kwchange.h"
-#include "kwdocument.h"
+#include "core/model/kwchange.h"
+#include "core/model/kwdocument.h"
 
 KWTable *KWDocument::addTable(int shape, const QString &name, int count1, int count2, int count3,
                               int count4, const QPoint &position, const QString &notes)

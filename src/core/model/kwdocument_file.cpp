@@ -1,8 +1,8 @@
-#include "kwdocument.h"
-#include "kwmodelhooks.h"
-#include "kwplanreader.h"
-#include "kwplanwriter.h"
-#include "kwsafefile.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwmodelhooks.h"
+#include "core/model/kwplanreader.h"
+#include "core/model/kwplanwriter.h"
+#include "core/model/kwsafefile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
-#include "kwdocument.h"
-#include "kwrandom.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwrandom.h"
 
 #include <algorithm>
 

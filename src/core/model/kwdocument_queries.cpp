@@ -1,7 +1,7 @@
-#include "kwdocument.h"
-#include "kwmodelhooks.h"
-#include "kwrandom.h"
-#include "kwsortedguestlist.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwmodelhooks.h"
+#include "core/model/kwrandom.h"
+#include "core/model/kwsortedguestlist.h"
 
 #include <algorithm>
 #include <numeric>

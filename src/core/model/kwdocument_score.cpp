@@ -1,4 +1,4 @@
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
 
 #include <numeric>
 

@@ -1,6 +1,6 @@
-#include "kwgroup.h"
+#include "core/model/kwgroup.h"
 
-#include "kwguest.h"
+#include "core/model/kwguest.h"
 
 #include <QStringList>
 

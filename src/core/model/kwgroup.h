@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwcontact.h"
-#include "kwobject.h"
+#include "core/model/kwcontact.h"
+#include "core/model/kwobject.h"
 
 #include <QList>
 #include <QSharedData>

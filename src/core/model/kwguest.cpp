@@ -1,6 +1,6 @@
-#include "kwguest.h"
+#include "core/model/kwguest.h"
 
-#include "kwtable.h"
+#include "core/model/kwtable.h"
 
 #include <QDebug>
 #include <QTextBoundaryFinder>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwobject.h"
+#include "core/model/kwobject.h"
 
 #include <QSharedData>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "kwmodelhooks.h"
+#include "core/model/kwmodelhooks.h"
 
 #include <array>
 #include <cstdarg>

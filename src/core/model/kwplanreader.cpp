@@ -1,7 +1,7 @@
-#include "kwplanreader.h"
+#include "core/model/kwplanreader.h"
 
-#include "kwdocument.h"
-#include "kwmodelhooks.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwmodelhooks.h"
 
 #include <QCoreApplication>
 #include <QIODevice>

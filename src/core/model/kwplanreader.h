@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwplansettings.h"
-#include "kwplantext.h"
+#include "core/model/kwplansettings.h"
+#include "core/model/kwplantext.h"
 
 #include <QString>
 

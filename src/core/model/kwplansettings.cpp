@@ -1,6 +1,6 @@
-#include "kwplansettings.h"
+#include "core/model/kwplansettings.h"
 
-#include "kwmodelhooks.h"
+#include "core/model/kwmodelhooks.h"
 
 #include <array>
 

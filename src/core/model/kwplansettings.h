@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwplanfields.h"
-#include "kwviewsettings.h"
+#include "core/model/kwplanfields.h"
+#include "core/model/kwviewsettings.h"
 
 #include <QLatin1StringView>
 

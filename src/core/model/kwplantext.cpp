@@ -1,4 +1,4 @@
-#include "kwplantext.h"
+#include "core/model/kwplantext.h"
 
 #include <QStringDecoder>
 #include <QStringList>

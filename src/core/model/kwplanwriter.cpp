@@ -1,9 +1,9 @@
-#include "kwplanwriter.h"
+#include "core/model/kwplanwriter.h"
 
-#include "kwdocument.h"
-#include "kwmodelhooks.h"
-#include "kwplansettings.h"
-#include "kwplantext.h"
+#include "core/model/kwdocument.h"
+#include "core/model/kwmodelhooks.h"
+#include "core/model/kwplansettings.h"
+#include "core/model/kwplantext.h"
 
 #include <QXmlStreamWriter>
 

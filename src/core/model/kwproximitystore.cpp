@@ -1,6 +1,6 @@
-#include "kwproximitystore.h"
+#include "core/model/kwproximitystore.h"
 
-#include "kwscore.h"
+#include "core/model/kwscore.h"
 
 #include <algorithm>
 #include <limits>

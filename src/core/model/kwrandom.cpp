@@ -1,4 +1,4 @@
-#include "kwrandom.h"
+#include "core/model/kwrandom.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "kwsafefile.h"
+#include "core/model/kwsafefile.h"
 
 #include <QFile>
 #include <QFileInfo>

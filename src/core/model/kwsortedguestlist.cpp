@@ -1,4 +1,4 @@
-#include "kwsortedguestlist.h"
+#include "core/model/kwsortedguestlist.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "kwtable.h"
+#include "core/model/kwtable.h"
 
-#include "kwguest.h"
+#include "core/model/kwguest.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwobject.h"
-#include "kwscore.h"
+#include "core/model/kwobject.h"
+#include "core/model/kwscore.h"
 
 #include <QList>
 #include <QPoint>

@@ -1,4 +1,4 @@
-#include "kwcolourpreview.h"
+#include "gui/appearance/kwcolourpreview.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwcolours.h"
+#include "gui/appearance/kwcolours.h"
 
 #include <QLabel>
 

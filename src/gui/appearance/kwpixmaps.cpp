@@ -1,7 +1,7 @@
-#include "kwpixmaps.h"
+#include "gui/appearance/kwpixmaps.h"
 
-#include "kwguest.h"
-#include "kwtable.h"
+#include "core/model/kwguest.h"
+#include "core/model/kwtable.h"
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "kwstylehelper.h"
+#include "gui/appearance/kwstylehelper.h"
 
 #include <QDialog>
 #include <QLayout>

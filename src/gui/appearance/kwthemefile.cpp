@@ -1,7 +1,7 @@
-#include "kwthemefile.h"
+#include "gui/appearance/kwthemefile.h"
 
-#include "kwplantext.h"
-#include "kwsafefile.h"
+#include "core/model/kwplantext.h"
+#include "core/model/kwsafefile.h"
 
 #include <QCollator>
 #include <QDir>

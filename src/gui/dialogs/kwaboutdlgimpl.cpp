@@ -1,11 +1,11 @@
-#include "kwaboutdlgimpl.h"
+#include "gui/dialogs/kwaboutdlgimpl.h"
 
-#include "kwbuildstamp.h"
-#include "kwmainwindow.h"
-#include "kwpixmaps.h"
-#include "kwstylehelper.h"
-#include "kwwebpage.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/dialogs/kwbuildstamp.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwwebpage.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwaboutdlg.h"
 
 #include <QPainter>

@@ -1,13 +1,13 @@
-#include "kwautolayoutprogressdlgimpl.h"
+#include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwautolayout.h"
-#include "kwdocument.h"
-#include "kwgaevent.h"
-#include "kwmainwindow.h"
-#include "kwstylehelper.h"
-#include "kwusersettings.h"
-#include "kwwhatsthishelper.h"
+#include "core/autolayout/kwautolayout.h"
+#include "core/autolayout/kwgaevent.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwautolayoutprogressdlg.h"
 
 #include <QCloseEvent>

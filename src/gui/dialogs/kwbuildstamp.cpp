@@ -1,4 +1,4 @@
-#include "kwbuildstamp.h"
+#include "gui/dialogs/kwbuildstamp.h"
 
 QString buildStamp()
 {

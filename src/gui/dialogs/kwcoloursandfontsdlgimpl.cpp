@@ -1,18 +1,21 @@
-#include "kwcoloursandfontsdlgimpl.h"
+#include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwcolourpreview.h"
-#include "kwdatadirectory.h"
-#include "kwdocument.h"
-#include "kwgetstringdlgimpl.h"
-#include "kwhelp.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
-#include "kwprompts.h"
-#include "kwstylehelper.h"
-#include "kwwebpage.h"
-#include "kwwhatsthishelper.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwcolourpreview.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwgetstringdlgimpl.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwprompts.h"
+#include "gui/framework/kwwebpage.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwcoloursandfontsdlg.h"
+
+#include <QTextCursor>
+#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 

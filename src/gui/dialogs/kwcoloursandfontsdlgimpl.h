@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwthemefile.h"
+#include "gui/appearance/kwthemefile.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
-#include "kwcontactwidgetimpl.h"
+#include "gui/dialogs/kwcontactwidgetimpl.h"
 
-#include "kwcontact.h"
+#include "core/model/kwcontact.h"
 #include "ui_kwcontactwidget.h"
 
 namespace {

@@ -1,7 +1,7 @@
-#include "kwcreditsdlg.h"
+#include "gui/dialogs/kwcreditsdlg.h"
 
-#include "kwstylehelper.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwcreditsdlg.h"
 
 KWCreditsDlg::KWCreditsDlg(QWidget *parent)

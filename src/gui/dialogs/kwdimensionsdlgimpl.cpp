@@ -1,13 +1,13 @@
-#include "kwdimensionsdlgimpl.h"
+#include "gui/dialogs/kwdimensionsdlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwdocument.h"
-#include "kwhelp.h"
-#include "kwlengthvalidator.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
-#include "kwstylehelper.h"
-#include "kwwhatsthishelper.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/dialogs/kwlengthvalidator.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwdimensionsdlg.h"
 
 #include <algorithm>

@@ -1,10 +1,10 @@
-#include "kwgettingstarteddlgimpl.h"
+#include "gui/dialogs/kwgettingstarteddlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwhelp.h"
-#include "kwstylehelper.h"
-#include "kwusersettings.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwgettingstarteddlg.h"
 
 KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings *settings)

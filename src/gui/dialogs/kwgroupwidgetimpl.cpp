@@ -1,4 +1,4 @@
-#include "kwgroupwidgetimpl.h"
+#include "gui/dialogs/kwgroupwidgetimpl.h"
 
 #include "ui_kwgroupwidget.h"
 

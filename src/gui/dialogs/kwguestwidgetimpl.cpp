@@ -1,9 +1,9 @@
-#include "kwguestwidgetimpl.h"
+#include "gui/dialogs/kwguestwidgetimpl.h"
 
-#include "kwdocument.h"
-#include "kwmainwindow.h"
-#include "kwnamevalidator.h"
-#include "kwusersettings.h"
+#include "core/model/kwdocument.h"
+#include "gui/dialogs/kwnamevalidator.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwusersettings.h"
 #include "ui_kwguestwidget.h"
 
 #include <QFocusEvent>

@@ -1,12 +1,12 @@
-#include "kwinfodlgimpl.h"
+#include "gui/dialogs/kwinfodlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwdocument.h"
-#include "kwhelp.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
-#include "kwstylehelper.h"
-#include "kwwhatsthishelper.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwinfodlg.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "kwlengthvalidator.h"
+#include "gui/dialogs/kwlengthvalidator.h"
 
 #include <algorithm>
 

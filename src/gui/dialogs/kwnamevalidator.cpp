@@ -1,4 +1,4 @@
-#include "kwnamevalidator.h"
+#include "gui/dialogs/kwnamevalidator.h"
 
 namespace {
 

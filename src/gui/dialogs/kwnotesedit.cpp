@@ -1,4 +1,4 @@
-#include "kwnotesedit.h"
+#include "gui/dialogs/kwnotesedit.h"
 
 KWNotesEdit::KWNotesEdit(QWidget *parent)
     : QTextEdit(parent)

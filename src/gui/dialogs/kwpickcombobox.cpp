@@ -1,4 +1,4 @@
-#include "kwpickcombobox.h"
+#include "gui/dialogs/kwpickcombobox.h"
 
 #include <QWheelEvent>
 

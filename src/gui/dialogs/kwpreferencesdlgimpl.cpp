@@ -1,11 +1,11 @@
-#include "kwpreferencesdlgimpl.h"
+#include "gui/dialogs/kwpreferencesdlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwhelp.h"
-#include "kwstylehelper.h"
-#include "kwtooltips.h"
-#include "kwusersettings.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwtooltips.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwpreferencesdlg.h"
 
 #include <QMouseEvent>

@@ -1,10 +1,10 @@
-#include "kwrecentlyopeneddlgimpl.h"
+#include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwhelp.h"
-#include "kwstylehelper.h"
-#include "kwusersettings.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwrecentlyopeneddlg.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "kwscrollingpage.h"
+#include "gui/dialogs/kwscrollingpage.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "kwspinbox.h"
+#include "gui/dialogs/kwspinbox.h"
 
 #include <QWheelEvent>
 

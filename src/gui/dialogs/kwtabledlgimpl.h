@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwtable.h"
+#include "core/model/kwtable.h"
 
 #include <QDialog>
 

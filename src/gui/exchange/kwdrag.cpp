@@ -1,7 +1,7 @@
-#include "kwdrag.h"
+#include "gui/exchange/kwdrag.h"
 
-#include "kwdocument.h"
-#include "kwpixmaps.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwpixmaps.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
-#include "kwtextmimesource.h"
+#include "gui/exchange/kwtextmimesource.h"
 
-#include "kwx11textrequest.h"
+#include "gui/exchange/kwx11textrequest.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "kwx11textrequest.h"
+#include "gui/exchange/kwx11textrequest.h"
 
 #include <QGuiApplication>
 

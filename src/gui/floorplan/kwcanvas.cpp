@@ -1,10 +1,10 @@
-#include "kwcanvas.h"
+#include "gui/floorplan/kwcanvas.h"
 
-#include "kwcolours.h"
-#include "kwdocument.h"
-#include "kwfloorplanitem.h"
-#include "kwplacefinder.h"
-#include "kwroomgeometry.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwcolours.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/floorplan/kwplacefinder.h"
+#include "gui/floorplan/kwroomgeometry.h"
 
 #include <QPainter>
 #include <QPixmap>

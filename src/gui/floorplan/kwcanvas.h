@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwprintable.h"
+#include "gui/exchange/kwprintable.h"
 
 #include <QFont>
 #include <QGraphicsScene>

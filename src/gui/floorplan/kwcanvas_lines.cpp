@@ -1,9 +1,9 @@
 // The lines for wishes, met and unmet.
 
-#include "kwbusy.h"
-#include "kwcanvas.h"
-#include "kwdocument.h"
-#include "kwfloorplanitem.h"
+#include "core/model/kwdocument.h"
+#include "gui/floorplan/kwcanvas.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/framework/kwbusy.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The floor plan on a page.
 
-#include "kwcanvas.h"
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
+#include "gui/floorplan/kwcanvas.h"
 
 #include <QPainter>
 

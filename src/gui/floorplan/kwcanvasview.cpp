@@ -1,11 +1,11 @@
-#include "kwcanvasview.h"
+#include "gui/floorplan/kwcanvasview.h"
 
-#include "kwdocument.h"
-#include "kwdrag.h"
-#include "kwfloorplanitem.h"
-#include "kwfloorplantext.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
+#include "core/model/kwdocument.h"
+#include "gui/exchange/kwdrag.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/floorplan/kwfloorplantext.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwcanvas.h"
-#include "kwview.h"
+#include "gui/floorplan/kwcanvas.h"
+#include "gui/framework/kwview.h"
 
 #include <QGraphicsView>
 

@@ -1,12 +1,12 @@
 // What the commands do with the selected table or seat, and the zoom.
 
-#include "kwbusy.h"
-#include "kwcanvasview.h"
-#include "kwdocument.h"
-#include "kwfloorplanitem.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
-#include "kwprompts.h"
+#include "core/model/kwdocument.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwprompts.h"
 
 #include <QApplication>
 #include <QClipboard>

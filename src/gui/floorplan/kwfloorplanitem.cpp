@@ -1,14 +1,15 @@
-#include "kwfloorplanitem.h"
+#include "gui/floorplan/kwfloorplanitem.h"
 
-#include "kwcanvas.h"
-#include "kwdocument.h"
-#include "kwfloorplantext.h"
-#include "kwpixmaps.h"
-#include "kwtablegeometry.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/floorplan/kwcanvas.h"
+#include "gui/floorplan/kwfloorplantext.h"
+#include "gui/floorplan/kwtablegeometry.h"
 
 #include <QFont>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QStyleOptionGraphicsItem>
 #include <QSvgRenderer>
 
 namespace {

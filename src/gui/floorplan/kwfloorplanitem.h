@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwtablegeometry.h"
+#include "gui/floorplan/kwtablegeometry.h"
 
 #include <QGraphicsItem>
 

@@ -1,7 +1,7 @@
-#include "kwfloorplantext.h"
+#include "gui/floorplan/kwfloorplantext.h"
 
-#include "kwgroup.h"
-#include "kwtable.h"
+#include "core/model/kwgroup.h"
+#include "core/model/kwtable.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwguest.h"
+#include "core/model/kwguest.h"
 
 #include <QString>
 

@@ -1,11 +1,11 @@
-#include "kwfloorplanviewfilterimpl.h"
+#include "gui/floorplan/kwfloorplanviewfilterimpl.h"
 
-#include "kwcanvasview.h"
-#include "kwcoloursandfontsdlgimpl.h"
-#include "kwdimensionsdlgimpl.h"
-#include "kwdocument.h"
-#include "kwfloorplantext.h"
-#include "kwmainwindow.h"
+#include "core/model/kwdocument.h"
+#include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
+#include "gui/dialogs/kwdimensionsdlgimpl.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/floorplan/kwfloorplantext.h"
+#include "gui/framework/kwmainwindow.h"
 #include "ui_kwfloorplanviewfilter.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwcanvas.h"
+#include "gui/floorplan/kwcanvas.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "kwholdbutton.h"
+#include "gui/floorplan/kwholdbutton.h"
 
 #include <QApplication>
 #include <QMouseEvent>

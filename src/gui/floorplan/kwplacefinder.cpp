@@ -1,4 +1,4 @@
-#include "kwplacefinder.h"
+#include "gui/floorplan/kwplacefinder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "kwroomgeometry.h"
+#include "gui/floorplan/kwroomgeometry.h"
 
-#include "kwplanfields.h"
-#include "kwtablegeometry.h"
+#include "core/model/kwplanfields.h"
+#include "gui/floorplan/kwtablegeometry.h"
 
 #include <algorithm>
 #include <cmath>

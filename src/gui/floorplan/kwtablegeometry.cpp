@@ -1,4 +1,4 @@
-#include "kwtablegeometry.h"
+#include "gui/floorplan/kwtablegeometry.h"
 
 #include <QtMath>
 

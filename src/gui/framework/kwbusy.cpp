@@ -1,4 +1,4 @@
-#include "kwbusy.h"
+#include "gui/framework/kwbusy.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
-#include "kwcloseabletabwidget.h"
+#include "gui/framework/kwcloseabletabwidget.h"
 
-#include "kwpixmaps.h"
-#include "kwviewandfilter.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/framework/kwviewandfilter.h"
 
 #include <QHideEvent>
 #include <QToolButton>

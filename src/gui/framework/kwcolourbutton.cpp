@@ -1,6 +1,6 @@
-#include "kwcolourbutton.h"
+#include "gui/framework/kwcolourbutton.h"
 
-#include "kwprompts.h"
+#include "gui/framework/kwprompts.h"
 
 #include <QEvent>
 #include <QPushButton>

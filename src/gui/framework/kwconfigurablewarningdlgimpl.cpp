@@ -1,8 +1,8 @@
-#include "kwconfigurablewarningdlgimpl.h"
+#include "gui/framework/kwconfigurablewarningdlgimpl.h"
 
-#include "kwmainwindow.h"
-#include "kwstylehelper.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwconfigurablewarningdlg.h"
 
 #include <QStyle>

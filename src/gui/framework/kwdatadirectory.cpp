@@ -1,4 +1,4 @@
-#include "kwdatadirectory.h"
+#include "gui/framework/kwdatadirectory.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "kwdebugview.h"
+#include "gui/framework/kwdebugview.h"
 
 KWDebugView::KWDebugView(QWidget *parent, KWDocument *document)
     : QTextEdit(parent)

@@ -1,4 +1,4 @@
-#include "kwfindbar.h"
+#include "gui/framework/kwfindbar.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
-#include "kwgetstringdlgimpl.h"
+#include "gui/framework/kwgetstringdlgimpl.h"
 
-#include "kwaccel.h"
-#include "kwhelp.h"
-#include "kwstylehelper.h"
-#include "kwwhatsthishelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwgetstringdlg.h"
 
 KWGetStringDlgImpl::KWGetStringDlgImpl(QWidget *parent, const QString &caption,

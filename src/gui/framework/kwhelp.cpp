@@ -1,10 +1,10 @@
-#include "kwhelp.h"
+#include "gui/framework/kwhelp.h"
 
-#include "kwbusy.h"
-#include "kwdatadirectory.h"
-#include "kwhelpwindow.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwhelpwindow.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
 
 #include <QCoreApplication>
 #include <QDir>

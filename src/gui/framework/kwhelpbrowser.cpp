@@ -1,7 +1,7 @@
-#include "kwhelpbrowser.h"
+#include "gui/framework/kwhelpbrowser.h"
 
-#include "kwhelpfile.h"
-#include "kwhelpsafety.h"
+#include "gui/framework/kwhelpfile.h"
+#include "gui/framework/kwhelpsafety.h"
 
 using namespace Qt::StringLiterals;
 

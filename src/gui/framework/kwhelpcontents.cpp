@@ -1,4 +1,4 @@
-#include "kwhelpcontents.h"
+#include "gui/framework/kwhelpcontents.h"
 
 #include <QMap>
 #include <QStringView>

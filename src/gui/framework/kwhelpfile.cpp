@@ -1,4 +1,4 @@
-#include "kwhelpfile.h"
+#include "gui/framework/kwhelpfile.h"
 
 #include <QFile>
 #include <QMap>

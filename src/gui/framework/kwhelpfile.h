@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwhelpcontents.h"
+#include "gui/framework/kwhelpcontents.h"
 
 #include <QByteArray>
 

@@ -1,4 +1,4 @@
-#include "kwhelpsafety.h"
+#include "gui/framework/kwhelpsafety.h"
 
 #include <QBuffer>
 #include <QImageReader>

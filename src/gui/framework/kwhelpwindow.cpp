@@ -1,12 +1,12 @@
-#include "kwhelpwindow.h"
+#include "gui/framework/kwhelpwindow.h"
 
-#include "kwfindbar.h"
-#include "kwhelpbrowser.h"
-#include "kwhelpfile.h"
-#include "kwhelpsafety.h"
-#include "kwmainwindow.h"
-#include "kwstayusable.h"
-#include "kwwhatsthishelper.h"
+#include "gui/framework/kwfindbar.h"
+#include "gui/framework/kwhelpbrowser.h"
+#include "gui/framework/kwhelpfile.h"
+#include "gui/framework/kwhelpsafety.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwstayusable.h"
+#include "gui/framework/kwwhatsthishelper.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "kwmainwindow.h"
+#include "gui/framework/kwmainwindow.h"
 
 namespace {
 KWMainWindow *registeredWindow = nullptr;

@@ -1,10 +1,10 @@
-#include "kwmessages.h"
+#include "gui/framework/kwmessages.h"
 
-#include "kwbusy.h"
-#include "kwconfigurablewarningdlgimpl.h"
-#include "kwmainwindow.h"
-#include "kwprompts.h"
-#include "kwusersettings.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwconfigurablewarningdlgimpl.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwprompts.h"
+#include "gui/framework/kwusersettings.h"
 
 #include <QApplication>
 #include <QPointer>

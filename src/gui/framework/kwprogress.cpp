@@ -1,6 +1,6 @@
-#include "kwprogress.h"
+#include "gui/framework/kwprogress.h"
 
-#include "kwmainwindow.h"
+#include "gui/framework/kwmainwindow.h"
 
 #include <QCoreApplication>
 

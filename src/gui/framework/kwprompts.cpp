@@ -1,6 +1,6 @@
-#include "kwprompts.h"
+#include "gui/framework/kwprompts.h"
 
-#include "kwbusy.h"
+#include "gui/framework/kwbusy.h"
 
 #include <QColorDialog>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "kwstayusable.h"
+#include "gui/framework/kwstayusable.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "kwtimer.h"
+#include "gui/framework/kwtimer.h"
 
 #include <utility>
 

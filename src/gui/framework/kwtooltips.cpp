@@ -1,4 +1,4 @@
-#include "kwtooltips.h"
+#include "gui/framework/kwtooltips.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "kwusersettings.h"
+#include "gui/framework/kwusersettings.h"
 
 #include <limits>
 

@@ -1,6 +1,6 @@
-#include "kwview.h"
+#include "gui/framework/kwview.h"
 
-#include "kwdocument.h"
+#include "core/model/kwdocument.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
-#include "kwwebpage.h"
+#include "gui/framework/kwwebpage.h"
 
-#include "kwbusy.h"
-#include "kwdatadirectory.h"
-#include "kwmessages.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwmessages.h"
 
 #include <QDesktopServices>
 #include <QEvent>

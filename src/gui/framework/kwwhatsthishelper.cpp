@@ -1,4 +1,4 @@
-#include "kwwhatsthishelper.h"
+#include "gui/framework/kwwhatsthishelper.h"
 
 #include <QEvent>
 

@@ -1,4 +1,4 @@
-#include "kwfindpattern.h"
+#include "gui/panes/kwfindpattern.h"
 
 using namespace Qt::StringLiterals;
 

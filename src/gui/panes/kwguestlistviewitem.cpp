@@ -1,9 +1,9 @@
-#include "kwguestlistviewitem.h"
+#include "gui/panes/kwguestlistviewitem.h"
 
-#include "kwdocument.h"
-#include "kwlistview.h"
-#include "kwmainwindow.h"
-#include "kwpixmaps.h"
+#include "core/model/kwdocument.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/panes/kwlistview.h"
 
 #include <QCoreApplication>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwlistviewitem.h"
+#include "gui/panes/kwlistviewitem.h"
 
 class KWDocument;
 class KWGuest;

@@ -1,12 +1,12 @@
-#include "kwguestslistview.h"
+#include "gui/panes/kwguestslistview.h"
 
-#include "kwbusy.h"
-#include "kwdocument.h"
-#include "kwdrag.h"
-#include "kwfindpattern.h"
-#include "kwguestlistviewitem.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
+#include "core/model/kwdocument.h"
+#include "gui/exchange/kwdrag.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/panes/kwfindpattern.h"
+#include "gui/panes/kwguestlistviewitem.h"
 
 #include <QApplication>
 #include <QHeaderView>

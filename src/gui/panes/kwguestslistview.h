@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwlistview.h"
+#include "gui/panes/kwlistview.h"
 
 #include <QDeadlineTimer>
 

@@ -1,12 +1,12 @@
 // What the commands of the Edit menu do with the selected guests.
 
-#include "kwguestslistview.h"
+#include "gui/panes/kwguestslistview.h"
 
-#include "kwdocument.h"
-#include "kwguestlistviewitem.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
-#include "kwprogress.h"
+#include "core/model/kwdocument.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwprogress.h"
+#include "gui/panes/kwguestlistviewitem.h"
 
 #include <algorithm>
 

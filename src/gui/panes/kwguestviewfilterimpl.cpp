@@ -1,7 +1,7 @@
-#include "kwguestviewfilterimpl.h"
+#include "gui/panes/kwguestviewfilterimpl.h"
 
-#include "kwguestlistviewitem.h"
-#include "kwguestslistview.h"
+#include "gui/panes/kwguestlistviewitem.h"
+#include "gui/panes/kwguestslistview.h"
 #include "ui_kwguestviewfilter.h"
 
 #include <QHeaderView>

@@ -1,9 +1,9 @@
-#include "kwlistview.h"
+#include "gui/panes/kwlistview.h"
 
-#include "kwdrag.h"
-#include "kwlistviewdelegate.h"
-#include "kwlistviewitem.h"
-#include "kwmainwindow.h"
+#include "gui/exchange/kwdrag.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/panes/kwlistviewdelegate.h"
+#include "gui/panes/kwlistviewitem.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>

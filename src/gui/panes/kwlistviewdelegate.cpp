@@ -1,6 +1,6 @@
-#include "kwlistviewdelegate.h"
+#include "gui/panes/kwlistviewdelegate.h"
 
-#include "kwlistview.h"
+#include "gui/panes/kwlistview.h"
 
 #include <QFocusEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
-#include "kwlistviewitem.h"
+#include "gui/panes/kwlistviewitem.h"
 
-#include "kwlistview.h"
+#include "gui/panes/kwlistview.h"
 
 #include <cmath>
 

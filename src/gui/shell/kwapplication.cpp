@@ -1,4 +1,4 @@
-#include "kwapplication.h"
+#include "gui/shell/kwapplication.h"
 
 KWApplication::KWApplication(int &argc, char **argv)
     : QApplication(argc, argv)

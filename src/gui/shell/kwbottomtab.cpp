@@ -1,4 +1,4 @@
-#include "kwbottomtab.h"
+#include "gui/shell/kwbottomtab.h"
 
 KWBottomTab::KWBottomTab(QWidget *parent, KWDocument *)
     : KWCloseableTabWidget(parent, QStringLiteral("KWBottomTab"))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwcloseabletabwidget.h"
+#include "gui/framework/kwcloseabletabwidget.h"
 
 class KWDocument;
 

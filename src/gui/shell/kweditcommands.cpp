@@ -1,10 +1,10 @@
-#include "kweditcommands.h"
+#include "gui/shell/kweditcommands.h"
 
-#include "kwbusy.h"
-#include "kwdocument.h"
-#include "kwmainwindow.h"
-#include "kwpanes.h"
-#include "kwview.h"
+#include "core/model/kwdocument.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwview.h"
+#include "gui/shell/kwpanes.h"
 #include "ui_kwmainwin.h"
 
 KWEditCommands::KWEditCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window,

@@ -1,13 +1,13 @@
-#include "kwexportcommands.h"
+#include "gui/shell/kwexportcommands.h"
 
-#include "kwbusy.h"
-#include "kwcanvasview.h"
-#include "kwfilecommands.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
-#include "kwpanes.h"
-#include "kwprompts.h"
-#include "kwsafefile.h"
+#include "core/model/kwsafefile.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwprompts.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwpanes.h"
 
 #include <QBuffer>
 

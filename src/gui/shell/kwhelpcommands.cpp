@@ -1,10 +1,10 @@
-#include "kwhelpcommands.h"
+#include "gui/shell/kwhelpcommands.h"
 
-#include "kwaboutdlgimpl.h"
-#include "kwcreditsdlg.h"
-#include "kwhelp.h"
-#include "kwmainwindow.h"
-#include "kwwebpage.h"
+#include "gui/dialogs/kwaboutdlgimpl.h"
+#include "gui/dialogs/kwcreditsdlg.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwwebpage.h"
 #include "ui_kwmainwin.h"
 
 #include <QWhatsThis>

@@ -1,9 +1,9 @@
-#include "kwinsertcommands.h"
+#include "gui/shell/kwinsertcommands.h"
 
-#include "kwguestdlgimpl.h"
-#include "kwmainwindow.h"
-#include "kwtable.h"
-#include "kwtabledlgimpl.h"
+#include "core/model/kwtable.h"
+#include "gui/dialogs/kwguestdlgimpl.h"
+#include "gui/dialogs/kwtabledlgimpl.h"
+#include "gui/framework/kwmainwindow.h"
 #include "ui_kwmainwin.h"
 
 KWInsertCommands::KWInsertCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window)

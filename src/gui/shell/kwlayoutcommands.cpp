@@ -1,10 +1,10 @@
-#include "kwlayoutcommands.h"
+#include "gui/shell/kwlayoutcommands.h"
 
-#include "kwautolayoutprogressdlgimpl.h"
-#include "kwbusy.h"
-#include "kwdocument.h"
-#include "kwmainwindow.h"
-#include "kwmessages.h"
+#include "core/model/kwdocument.h"
+#include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwmessages.h"
 #include "ui_kwmainwin.h"
 
 #include <QAction>

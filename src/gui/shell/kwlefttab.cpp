@@ -1,6 +1,6 @@
-#include "kwlefttab.h"
+#include "gui/shell/kwlefttab.h"
 
-#include "kwpixmaps.h"
+#include "gui/appearance/kwpixmaps.h"
 
 #include <QEvent>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "kwcloseabletabwidget.h"
-#include "kwguestslistview.h"
-#include "kwguestviewfilterimpl.h"
-#include "kwviewandfilter.h"
+#include "gui/framework/kwcloseabletabwidget.h"
+#include "gui/framework/kwviewandfilter.h"
+#include "gui/panes/kwguestslistview.h"
+#include "gui/panes/kwguestviewfilterimpl.h"
 
 /// The pane to the left, for the lists of guests and of groups.
 class KWLeftTab : public KWCloseableTabWidget

@@ -1,8 +1,8 @@
-#include "kwapplication.h"
-#include "kwhelp.h"
-#include "kwmainwinimpl.h"
-#include "kwpixmaps.h"
-#include "kwsplashscreen.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/framework/kwhelp.h"
+#include "gui/shell/kwapplication.h"
+#include "gui/shell/kwmainwinimpl.h"
+#include "gui/shell/kwsplashscreen.h"
 
 #include <QIcon>
 

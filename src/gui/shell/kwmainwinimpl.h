@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwdocument.h"
-#include "kwmainwindow.h"
+#include "core/model/kwdocument.h"
+#include "gui/framework/kwmainwindow.h"
 
 #include <QDateTime>
 #include <QMainWindow>

@@ -1,10 +1,10 @@
-#include "kwpanes.h"
+#include "gui/shell/kwpanes.h"
 
-#include "kwbottomtab.h"
-#include "kwcanvasview.h"
-#include "kwdocument.h"
-#include "kwlefttab.h"
-#include "kwtoptab.h"
+#include "core/model/kwdocument.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/shell/kwbottomtab.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwtoptab.h"
 
 #include <QMainWindow>
 #include <QSplitter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwviewsettings.h"
+#include "core/model/kwviewsettings.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "kwsplashscreen.h"
+#include "gui/shell/kwsplashscreen.h"
 
 #include <QPainter>
 

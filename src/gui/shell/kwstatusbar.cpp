@@ -1,4 +1,4 @@
-#include "kwstatusbar.h"
+#include "gui/shell/kwstatusbar.h"
 
 #include <QLabel>
 #include <QProgressBar>

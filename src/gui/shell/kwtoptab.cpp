@@ -1,6 +1,6 @@
-#include "kwtoptab.h"
+#include "gui/shell/kwtoptab.h"
 
-#include "kwpixmaps.h"
+#include "gui/appearance/kwpixmaps.h"
 
 #include <QEvent>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "kwcanvasview.h"
-#include "kwcloseabletabwidget.h"
-#include "kwfloorplanviewfilterimpl.h"
-#include "kwviewandfilter.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/floorplan/kwfloorplanviewfilterimpl.h"
+#include "gui/framework/kwcloseabletabwidget.h"
+#include "gui/framework/kwviewandfilter.h"
 
 class KWDebugView;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwlayoutrun.h"
+#include "core/autolayout/kwlayoutrun.h"
 #include "solvertest.h"
 
 #include <functional>

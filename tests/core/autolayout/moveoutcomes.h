@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../drawnplan.h"
-#include "kwmutations.h"
+#include "core/autolayout/kwmutations.h"
 
 #include <QtTest>
 

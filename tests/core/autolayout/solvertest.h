@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../drawnplan.h"
-#include "kwgeneticsolver.h"
+#include "core/autolayout/kwgeneticsolver.h"
 
 #include <algorithm>
 

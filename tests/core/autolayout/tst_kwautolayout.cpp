@@ -1,8 +1,9 @@
-#include "eventlog.h"
-#include "kwautolayout.h"
-#include "kwgaevent.h"
-#include "kwmemoryexception.h"
+#include "core/autolayout/kwautolayout.h"
+#include "core/autolayout/kwgaevent.h"
+#include "core/autolayout/kwmemoryexception.h"
 #include "solvertest.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -204,5 +205,5 @@ private:
     std::unique_ptr<KWDocument> m_plan;
 };
 
-QTEST_MAIN(TestKWAutoLayout)
+REGISTER_TEST(TestKWAutoLayout)
 #include "tst_kwautolayout.moc"

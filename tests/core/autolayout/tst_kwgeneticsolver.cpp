@@ -1,5 +1,6 @@
-#include "eventlog.h"
 #include "solvertest.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -351,5 +352,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestGeneticSolver)
+REGISTER_TEST(TestGeneticSolver)
 #include "tst_kwgeneticsolver.moc"

@@ -1,5 +1,6 @@
-#include "kwmemoryexception.h"
+#include "core/autolayout/kwmemoryexception.h"
 #include "solvertest.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -355,5 +356,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestSolverGeneration)
+REGISTER_TEST(TestSolverGeneration)
 #include "tst_kwgeneticsolver_generation.moc"

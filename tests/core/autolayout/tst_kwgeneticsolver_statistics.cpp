@@ -1,4 +1,5 @@
 #include "solvertest.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -210,5 +211,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSolverStatistics)
+REGISTER_TEST(TestSolverStatistics)
 #include "tst_kwgeneticsolver_statistics.moc"

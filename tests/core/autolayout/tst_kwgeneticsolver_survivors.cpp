@@ -1,4 +1,5 @@
 #include "solvertest.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -173,5 +174,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSolverSurvivors)
+REGISTER_TEST(TestSolverSurvivors)
 #include "tst_kwgeneticsolver_survivors.moc"

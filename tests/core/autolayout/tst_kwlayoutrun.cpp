@@ -1,5 +1,6 @@
-#include "eventlog.h"
 #include "layouttrial.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -315,5 +316,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestLayoutRun)
+REGISTER_TEST(TestLayoutRun)
 #include "tst_kwlayoutrun.moc"

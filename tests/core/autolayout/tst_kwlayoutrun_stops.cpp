@@ -1,5 +1,6 @@
-#include "kwmemoryexception.h"
+#include "core/autolayout/kwmemoryexception.h"
 #include "layouttrial.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -286,5 +287,5 @@ private:
     std::unique_ptr<KWDocument> m_before;
 };
 
-QTEST_MAIN(TestLayoutRunStops)
+REGISTER_TEST(TestLayoutRunStops)
 #include "tst_kwlayoutrun_stops.moc"

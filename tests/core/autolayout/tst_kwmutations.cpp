@@ -1,4 +1,5 @@
 #include "moveoutcomes.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -157,5 +158,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMutations)
+REGISTER_TEST(TestMutations)
 #include "tst_kwmutations.moc"

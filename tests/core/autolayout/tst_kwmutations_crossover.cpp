@@ -1,4 +1,5 @@
 #include "moveoutcomes.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -72,5 +73,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestCrossover)
+REGISTER_TEST(TestCrossover)
 #include "tst_kwmutations_crossover.moc"

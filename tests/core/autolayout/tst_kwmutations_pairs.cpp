@@ -1,4 +1,5 @@
 #include "moveoutcomes.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -142,5 +143,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestPairMutations)
+REGISTER_TEST(TestPairMutations)
 #include "tst_kwmutations_pairs.moc"

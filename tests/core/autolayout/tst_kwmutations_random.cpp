@@ -1,5 +1,6 @@
-#include "kwgeneticsolver.h"
+#include "core/autolayout/kwgeneticsolver.h"
 #include "moveoutcomes.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -140,5 +141,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestMovesOnRandomPlans)
+REGISTER_TEST(TestMovesOnRandomPlans)
 #include "tst_kwmutations_random.moc"

@@ -1,6 +1,7 @@
-#include "kwsolutionslist.h"
+#include "core/autolayout/kwsolutionslist.h"
 
 #include "../drawnplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -153,5 +154,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSolutionsList)
+REGISTER_TEST(TestSolutionsList)
 #include "tst_kwsolutionslist.moc"

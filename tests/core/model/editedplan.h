@@ -1,7 +1,7 @@
 #pragma once
 
-#include "eventlog.h"
-#include "testplan.h"
+#include "support/eventlog.h"
+#include "support/testplan.h"
 
 #include <initializer_list>
 

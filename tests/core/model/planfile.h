@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwmodelhooks.h"
-#include "testplan.h"
+#include "core/model/kwmodelhooks.h"
+#include "support/testplan.h"
 
 #include <QFile>
 #include <QMap>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "testplan.h"
+#include "support/testplan.h"
 
 #include <QMap>
 

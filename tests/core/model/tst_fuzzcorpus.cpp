@@ -1,6 +1,8 @@
 #include "../../../fuzz/planreadercheck.h"
 
 #include "planfile.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <QDir>
 #include <QLoggingCategory>
@@ -22,8 +24,8 @@ private slots:
     void readingIsSoundAndSavingWhatWasReadIsStable_data()
     {
         QTest::addColumn<QString>("path");
-        for (const QString &folder : {s(AMBRELUNE_SOURCE_DIR "/fuzz/corpus/planreader"),
-                                      s(AMBRELUNE_TEST_DATA "/broken")}) {
+        for (const QString &folder :
+             {sourcePath("fuzz/corpus/planreader"), sourcePath("tests/data/broken")}) {
             const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files);
             QVERIFY(files.size() > 10);
             for (const QFileInfo &file : files)
@@ -41,7 +43,7 @@ private slots:
     {
         // A seed that is refused would hardly lead the fuzzer anywhere.
         int plans = 0;
-        const QDir corpus(s(AMBRELUNE_SOURCE_DIR "/fuzz/corpus/planreader"));
+        const QDir corpus(sourcePath("fuzz/corpus/planreader"));
         for (const QFileInfo &file : corpus.entryInfoList({s("*.kw")}, QDir::Files)) {
             const PlanReaderCheck::ReadPlan plan(readFile(file.filePath()));
             QVERIFY2(plan.isPlan, qPrintable(file.fileName()));
@@ -75,5 +77,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestFuzzCorpus)
+REGISTER_TEST(TestFuzzCorpus)
 #include "tst_fuzzcorpus.moc"

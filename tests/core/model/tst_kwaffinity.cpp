@@ -1,4 +1,5 @@
-#include "testplan.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -152,5 +153,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestAffinity)
+REGISTER_TEST(TestAffinity)
 #include "tst_kwaffinity.moc"

@@ -1,5 +1,6 @@
-#include "kwcontact.h"
-#include "testplan.h"
+#include "core/model/kwcontact.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -82,5 +83,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestContact)
+REGISTER_TEST(TestContact)
 #include "tst_kwcontact.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -299,5 +300,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestCopy)
+REGISTER_TEST(TestCopy)
 #include "tst_kwdocument_copy.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -160,5 +161,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEditGroups)
+REGISTER_TEST(TestEditGroups)
 #include "tst_kwdocument_edit_groups.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -293,5 +294,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEditGuests)
+REGISTER_TEST(TestEditGuests)
 #include "tst_kwdocument_edit_guests.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -289,5 +290,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEditResize)
+REGISTER_TEST(TestEditResize)
 #include "tst_kwdocument_edit_resize.moc"

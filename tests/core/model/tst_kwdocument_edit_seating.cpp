@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -211,5 +212,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEditSeating)
+REGISTER_TEST(TestEditSeating)
 #include "tst_kwdocument_edit_seating.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -309,5 +310,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEditTables)
+REGISTER_TEST(TestEditTables)
 #include "tst_kwdocument_edit_tables.moc"

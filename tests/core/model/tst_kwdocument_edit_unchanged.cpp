@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -87,5 +88,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestDocumentEditUnchanged)
+REGISTER_TEST(TestDocumentEditUnchanged)
 #include "tst_kwdocument_edit_unchanged.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -224,5 +225,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestEvents)
+REGISTER_TEST(TestEvents)
 #include "tst_kwdocument_events.moc"

@@ -1,5 +1,6 @@
+#include "core/model/kwplansettings.h"
 #include "editedplan.h"
-#include "kwplansettings.h"
+#include "support/registeredtest.h"
 
 #include <QGuiApplication>
 #include <QtTest>
@@ -335,5 +336,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestFields)
+REGISTER_TEST(TestFields)
 #include "tst_kwdocument_fields.moc"

@@ -1,4 +1,5 @@
 #include "../drawnplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -370,5 +371,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestDocumentLayout)
+REGISTER_TEST(TestDocumentLayout)
 #include "tst_kwdocument_layout.moc"

@@ -1,5 +1,6 @@
+#include "core/model/kwsortedguestlist.h"
 #include "editedplan.h"
-#include "kwsortedguestlist.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -254,5 +255,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestNames)
+REGISTER_TEST(TestNames)
 #include "tst_kwdocument_names.moc"

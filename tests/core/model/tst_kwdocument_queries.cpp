@@ -1,5 +1,6 @@
+#include "core/model/kwrandom.h"
 #include "editedplan.h"
-#include "kwrandom.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -339,5 +340,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestQueries)
+REGISTER_TEST(TestQueries)
 #include "tst_kwdocument_queries.moc"

@@ -1,4 +1,5 @@
 #include "editedplan.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -398,5 +399,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestRandomEdits)
+REGISTER_TEST(TestRandomEdits)
 #include "tst_kwdocument_random.moc"

@@ -1,5 +1,6 @@
+#include "core/model/kwmodelhooks.h"
 #include "editedplan.h"
-#include "kwmodelhooks.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -119,5 +120,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestTrace)
+REGISTER_TEST(TestTrace)
 #include "tst_kwdocument_trace.moc"

@@ -1,4 +1,5 @@
-#include "testplan.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -316,5 +317,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGroup)
+REGISTER_TEST(TestGroup)
 #include "tst_kwgroup.moc"

@@ -1,4 +1,5 @@
-#include "testplan.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -336,5 +337,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGuests)
+REGISTER_TEST(TestGuests)
 #include "tst_kwguest.moc"

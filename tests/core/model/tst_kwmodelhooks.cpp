@@ -1,4 +1,5 @@
-#include "kwmodelhooks.h"
+#include "core/model/kwmodelhooks.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -55,5 +56,5 @@ private:
     QStringList m_lines;
 };
 
-QTEST_APPLESS_MAIN(TestKWModelHooks)
+REGISTER_TEST(TestKWModelHooks)
 #include "tst_kwmodelhooks.moc"

@@ -1,4 +1,6 @@
 #include "planfile.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <QDir>
 #include <QLoggingCategory>
@@ -175,7 +177,7 @@ const QList<ExpectedSetting> &expectedSettings()
 
 QString pathOf(const char *file)
 {
-    return s("%1/broken/%2.kw").arg(s(AMBRELUNE_TEST_DATA), s(file));
+    return s("%1/broken/%2.kw").arg(sourcePath("tests/data"), s(file));
 }
 
 QString guestsOf(const KWDocument &plan)
@@ -233,7 +235,7 @@ private slots:
         for (const Expected &file : expectations())
             expected.append(s(file.file) + s(".kw"));
         expected.sort();
-        QCOMPARE(QDir(s(AMBRELUNE_TEST_DATA "/broken")).entryList(QDir::Files, QDir::Name),
+        QCOMPARE(QDir(sourcePath("tests/data/broken")).entryList(QDir::Files, QDir::Name),
                  expected);
     }
 
@@ -349,5 +351,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestPlanFileBroken)
+REGISTER_TEST(TestPlanFileBroken)
 #include "tst_kwplanfile_broken.moc"

@@ -1,4 +1,5 @@
 #include "planfile.h"
+#include "support/registeredtest.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -219,5 +220,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPlanFileLarge)
+REGISTER_TEST(TestPlanFileLarge)
 #include "tst_kwplanfile_large.moc"

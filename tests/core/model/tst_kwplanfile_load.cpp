@@ -1,5 +1,6 @@
-#include "eventlog.h"
 #include "planfile.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -302,5 +303,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPlanFileLoad)
+REGISTER_TEST(TestPlanFileLoad)
 #include "tst_kwplanfile_load.moc"

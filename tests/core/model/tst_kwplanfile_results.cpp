@@ -1,5 +1,6 @@
-#include "eventlog.h"
 #include "planfile.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QDir>
 #include <QtTest>
@@ -143,5 +144,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestPlanFileResults)
+REGISTER_TEST(TestPlanFileResults)
 #include "tst_kwplanfile_results.moc"

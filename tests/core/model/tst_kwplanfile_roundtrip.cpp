@@ -1,4 +1,6 @@
 #include "planfile.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <QtTest>
 
@@ -137,7 +139,7 @@ private slots:
     {
         QTest::addColumn<QString>("path");
         for (const char *name : {"small", "wedding", "banquet"})
-            QTest::newRow(name) << s(AMBRELUNE_SOURCE_DIR "/examples/") + s(name) + s(".kw");
+            QTest::newRow(name) << sourcePath("examples/") + s(name) + s(".kw");
     }
 
     void examplesAreSavedAsTheyWereLoaded()
@@ -270,5 +272,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPlanFileRoundTrip)
+REGISTER_TEST(TestPlanFileRoundTrip)
 #include "tst_kwplanfile_roundtrip.moc"

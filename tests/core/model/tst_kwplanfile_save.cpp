@@ -1,7 +1,8 @@
-#include "eventlog.h"
-#include "kwplansettings.h"
-#include "kwplantext.h"
+#include "core/model/kwplansettings.h"
+#include "core/model/kwplantext.h"
 #include "planfile.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -377,5 +378,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPlanFileSave)
+REGISTER_TEST(TestPlanFileSave)
 #include "tst_kwplanfile_save.moc"

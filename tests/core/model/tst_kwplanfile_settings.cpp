@@ -1,5 +1,6 @@
-#include "kwplantext.h"
+#include "core/model/kwplantext.h"
 #include "planfile.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -398,5 +399,5 @@ private:
     }
 };
 
-QTEST_MAIN(TestPlanFileSettings)
+REGISTER_TEST(TestPlanFileSettings)
 #include "tst_kwplanfile_settings.moc"

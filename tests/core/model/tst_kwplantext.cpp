@@ -1,5 +1,6 @@
-#include "kwplantext.h"
-#include "testplan.h"
+#include "core/model/kwplantext.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QLocale>
 #include <QtTest>
@@ -271,5 +272,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestPlanText)
+REGISTER_TEST(TestPlanText)
 #include "tst_kwplantext.moc"

@@ -1,5 +1,6 @@
-#include "kwplantext.h"
-#include "testplan.h"
+#include "core/model/kwplantext.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -205,5 +206,5 @@ private:
     static QFont helvetica() { return {s("Helvetica"), 12}; }
 };
 
-QTEST_MAIN(TestPlanTextFonts)
+REGISTER_TEST(TestPlanTextFonts)
 #include "tst_kwplantext_fonts.moc"

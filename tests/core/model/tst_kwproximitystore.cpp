@@ -1,5 +1,6 @@
-#include "kwproximitystore.h"
-#include "kwscore.h"
+#include "core/model/kwproximitystore.h"
+#include "core/model/kwscore.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -94,5 +95,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestProximityStore)
+REGISTER_TEST(TestProximityStore)
 #include "tst_kwproximitystore.moc"

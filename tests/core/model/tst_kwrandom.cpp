@@ -1,4 +1,5 @@
-#include "kwrandom.h"
+#include "core/model/kwrandom.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -204,5 +205,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRandom)
+REGISTER_TEST(TestRandom)
 #include "tst_kwrandom.moc"

@@ -1,4 +1,5 @@
 #include "scorescene.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -283,5 +284,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestScore)
+REGISTER_TEST(TestScore)
 #include "tst_kwscore.moc"

@@ -1,4 +1,5 @@
 #include "scorescene.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -253,5 +254,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestRandomScores)
+REGISTER_TEST(TestRandomScores)
 #include "tst_kwscore_random.moc"

@@ -1,5 +1,6 @@
-#include "eventlog.h"
 #include "scorescene.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -160,5 +161,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestScoreUpkeep)
+REGISTER_TEST(TestScoreUpkeep)
 #include "tst_kwscore_upkeep.moc"

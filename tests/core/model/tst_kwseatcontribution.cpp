@@ -1,5 +1,6 @@
-#include "eventlog.h"
 #include "scorescene.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -136,5 +137,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestSeatContribution)
+REGISTER_TEST(TestSeatContribution)
 #include "tst_kwseatcontribution.moc"

@@ -1,4 +1,5 @@
 #include "seatedtable.h"
+#include "support/registeredtest.h"
 
 #include <QtTest>
 
@@ -382,5 +383,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTable)
+REGISTER_TEST(TestTable)
 #include "tst_kwtable.moc"

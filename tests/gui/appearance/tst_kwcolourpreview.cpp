@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwcolourpreview.h"
-#include "testplan.h"
+#include "gui/appearance/kwcolourpreview.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -226,5 +227,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWColourPreview)
+REGISTER_TEST(TestKWColourPreview)
 #include "tst_kwcolourpreview.moc"

@@ -1,7 +1,9 @@
-#include "guitest.h"
-#include "kwguest.h"
-#include "kwpixmaps.h"
-#include "kwtable.h"
+#include "core/model/kwguest.h"
+#include "core/model/kwtable.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -269,7 +271,7 @@ void tst_KWPixmaps::givesNoTableOfAnUnknownShape()
 void tst_KWPixmaps::holdsEveryFileOfTheFolder()
 {
     QStringList names;
-    const QDir folder(QStringLiteral(AMBRELUNE_SOURCE_DIR "/resources/icons"));
+    const QDir folder(sourcePath("resources/icons"));
     for (const QFileInfo &file : folder.entryInfoList({u"*.svg"_s}))
         names += file.completeBaseName();
     QCOMPARE(m_names, names);
@@ -343,5 +345,5 @@ void tst_KWPixmaps::splashHasItsSizeAndLeavesWhiteTextReadable()
     }
 }
 
-GUI_TEST_MAIN(tst_KWPixmaps)
+REGISTER_TEST(tst_KWPixmaps)
 #include "tst_kwpixmaps.moc"

@@ -1,5 +1,6 @@
-#include "guitest.h"
-#include "kwstylehelper.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
 
 #include <QtWidgets>
 
@@ -147,5 +148,5 @@ void tst_KWStyleHelper::emptyLayoutHasNoDefaultButton()
     QVERIFY(!KWStyleHelper(&dialog).arrangeButtons(row));
 }
 
-GUI_TEST_MAIN(tst_KWStyleHelper)
+REGISTER_TEST(tst_KWStyleHelper)
 #include "tst_kwstylehelper.moc"

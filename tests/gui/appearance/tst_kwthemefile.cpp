@@ -1,5 +1,6 @@
-#include "guitest.h"
-#include "themeshelf.h"
+#include "support/gui/guitest.h"
+#include "support/gui/themeshelf.h"
+#include "support/registeredtest.h"
 
 #include <sys/stat.h>
 
@@ -285,5 +286,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWThemeFile)
+REGISTER_TEST(TestKWThemeFile)
 #include "tst_kwthemefile.moc"

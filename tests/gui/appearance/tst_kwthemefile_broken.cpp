@@ -1,11 +1,13 @@
-#include "guitest.h"
-#include "themeshelf.h"
+#include "support/gui/guitest.h"
+#include "support/gui/themeshelf.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 namespace {
 
 QString dataDirectory()
 {
-    return QStringLiteral(AMBRELUNE_TEST_DATA "/themes");
+    return sourcePath("tests/data/themes");
 }
 
 constexpr char white[] = "255,255,255";
@@ -156,5 +158,5 @@ private:
     }
 };
 
-GUI_TEST_MAIN(TestKWThemeFileBroken)
+REGISTER_TEST(TestKWThemeFileBroken)
 #include "tst_kwthemefile_broken.moc"

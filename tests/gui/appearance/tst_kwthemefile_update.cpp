@@ -1,5 +1,6 @@
-#include "guitest.h"
-#include "themeshelf.h"
+#include "support/gui/guitest.h"
+#include "support/gui/themeshelf.h"
+#include "support/registeredtest.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -160,5 +161,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWThemeFileUpdate)
+REGISTER_TEST(TestKWThemeFileUpdate)
 #include "tst_kwthemefile_update.moc"

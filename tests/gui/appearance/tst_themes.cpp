@@ -1,6 +1,8 @@
-#include "guitest.h"
-#include "kwcolourpreview.h"
-#include "themeshelf.h"
+#include "gui/appearance/kwcolourpreview.h"
+#include "support/gui/guitest.h"
+#include "support/gui/themeshelf.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 // The themes that ship with the program: whether they can be read, in both meanings of the word.
 
@@ -8,7 +10,7 @@ namespace {
 
 const QString &shippedDirectory()
 {
-    static const QString directory = QStringLiteral(AMBRELUNE_SOURCE_DIR "/resources");
+    static const QString directory = sourcePath("resources");
     return directory;
 }
 
@@ -208,5 +210,5 @@ private:
     QStringList m_names;
 };
 
-GUI_TEST_MAIN(TestThemes)
+REGISTER_TEST(TestThemes)
 #include "tst_themes.moc"

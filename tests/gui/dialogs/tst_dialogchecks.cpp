@@ -1,6 +1,7 @@
-#include "dialogchecks.h"
-#include "dialogtest.h"
-#include "testplan.h"
+#include "support/gui/dialogchecks.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 using namespace DialogChecks;
 
@@ -147,5 +148,5 @@ private:
     std::unique_ptr<QDialog> m_dialog;
 };
 
-GUI_TEST_MAIN(TestDialogChecks)
+REGISTER_TEST(TestDialogChecks)
 #include "tst_dialogchecks.moc"

@@ -1,20 +1,21 @@
-#include "dialogchecks.h"
-#include "dialogtest.h"
-#include "fakemainwindow.h"
-#include "kwaboutdlgimpl.h"
-#include "kwautolayoutprogressdlgimpl.h"
-#include "kwcoloursandfontsdlgimpl.h"
-#include "kwconfigurablewarningdlgimpl.h"
-#include "kwcreditsdlg.h"
-#include "kwdimensionsdlgimpl.h"
-#include "kwgetstringdlgimpl.h"
-#include "kwgettingstarteddlgimpl.h"
-#include "kwguestdlgimpl.h"
-#include "kwinfodlgimpl.h"
-#include "kwpreferencesdlgimpl.h"
-#include "kwrecentlyopeneddlgimpl.h"
-#include "kwtabledlgimpl.h"
-#include "testplan.h"
+#include "gui/dialogs/kwaboutdlgimpl.h"
+#include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
+#include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
+#include "gui/dialogs/kwcreditsdlg.h"
+#include "gui/dialogs/kwdimensionsdlgimpl.h"
+#include "gui/dialogs/kwgettingstarteddlgimpl.h"
+#include "gui/dialogs/kwguestdlgimpl.h"
+#include "gui/dialogs/kwinfodlgimpl.h"
+#include "gui/dialogs/kwpreferencesdlgimpl.h"
+#include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
+#include "gui/dialogs/kwtabledlgimpl.h"
+#include "gui/framework/kwconfigurablewarningdlgimpl.h"
+#include "gui/framework/kwgetstringdlgimpl.h"
+#include "support/gui/dialogchecks.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 using namespace DialogChecks;
 
@@ -334,5 +335,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestDialogs)
+REGISTER_TEST(TestDialogs)
 #include "tst_dialogs.moc"

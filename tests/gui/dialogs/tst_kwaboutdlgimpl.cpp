@@ -1,9 +1,10 @@
-#include "dialogtest.h"
-#include "kwaboutdlgimpl.h"
-#include "kwbuildstamp.h"
-#include "kwcreditsdlg.h"
-#include "kwwebpage.h"
-#include "testplan.h"
+#include "gui/dialogs/kwaboutdlgimpl.h"
+#include "gui/dialogs/kwbuildstamp.h"
+#include "gui/dialogs/kwcreditsdlg.h"
+#include "gui/framework/kwwebpage.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QDesktopServices>
 
@@ -189,5 +190,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWAboutDlgImpl)
+REGISTER_TEST(TestKWAboutDlgImpl)
 #include "tst_kwaboutdlgimpl.moc"

@@ -1,8 +1,9 @@
-#include "dialogtest.h"
-#include "fakemainwindow.h"
-#include "kwautolayoutprogressdlgimpl.h"
-#include "kwgaevent.h"
-#include "testplan.h"
+#include "core/autolayout/kwgaevent.h"
+#include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 // The dialog of a layout that runs.
 
@@ -146,5 +147,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWAutoLayoutProgressDlg)
+REGISTER_TEST(TestKWAutoLayoutProgressDlg)
 #include "tst_kwautolayoutprogressdlgimpl.moc"

@@ -1,5 +1,6 @@
-#include "coloursdialogtest.h"
-#include "kwcolourpreview.h"
+#include "gui/appearance/kwcolourpreview.h"
+#include "support/gui/coloursdialogtest.h"
+#include "support/registeredtest.h"
 
 namespace {
 
@@ -131,5 +132,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWColoursAndFontsDlgPreview)
+REGISTER_TEST(TestKWColoursAndFontsDlgPreview)
 #include "tst_kwcoloursandfontsdlg_preview.moc"

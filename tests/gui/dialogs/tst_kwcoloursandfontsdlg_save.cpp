@@ -1,4 +1,5 @@
-#include "coloursdialogtest.h"
+#include "support/gui/coloursdialogtest.h"
+#include "support/registeredtest.h"
 
 class TestKWColoursAndFontsDlgSave : public QObject
 {
@@ -162,5 +163,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWColoursAndFontsDlgSave)
+REGISTER_TEST(TestKWColoursAndFontsDlgSave)
 #include "tst_kwcoloursandfontsdlg_save.moc"

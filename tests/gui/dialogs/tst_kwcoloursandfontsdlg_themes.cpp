@@ -1,5 +1,6 @@
-#include "coloursdialogtest.h"
-#include "kwdatadirectory.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "support/gui/coloursdialogtest.h"
+#include "support/registeredtest.h"
 
 class TestKWColoursAndFontsDlgThemes : public QObject
 {
@@ -264,5 +265,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWColoursAndFontsDlgThemes)
+REGISTER_TEST(TestKWColoursAndFontsDlgThemes)
 #include "tst_kwcoloursandfontsdlg_themes.moc"

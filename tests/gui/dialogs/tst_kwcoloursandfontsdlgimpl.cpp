@@ -1,8 +1,9 @@
-#include "coloursdialogtest.h"
-#include "fakemainwindow.h"
-#include "kwcolourpreview.h"
-#include "kwstylehelper.h"
-#include "kwwebpage.h"
+#include "gui/appearance/kwcolourpreview.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwwebpage.h"
+#include "support/gui/coloursdialogtest.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/registeredtest.h"
 
 #include <QDesktopServices>
 
@@ -406,5 +407,5 @@ private:
     }
 };
 
-GUI_TEST_MAIN(TestKWColoursAndFontsDlgImpl)
+REGISTER_TEST(TestKWColoursAndFontsDlgImpl)
 #include "tst_kwcoloursandfontsdlgimpl.moc"

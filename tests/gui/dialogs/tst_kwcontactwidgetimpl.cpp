@@ -1,8 +1,9 @@
-#include "dialogtest.h"
-#include "kwcontact.h"
-#include "kwcontactwidgetimpl.h"
-#include "kwwhatsthishelper.h"
-#include "testplan.h"
+#include "core/model/kwcontact.h"
+#include "gui/dialogs/kwcontactwidgetimpl.h"
+#include "gui/framework/kwwhatsthishelper.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -108,5 +109,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWContactWidgetImpl)
+REGISTER_TEST(TestKWContactWidgetImpl)
 #include "tst_kwcontactwidgetimpl.moc"

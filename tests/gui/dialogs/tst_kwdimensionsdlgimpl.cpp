@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "guestform.h"
-#include "kwdimensionsdlgimpl.h"
-#include "loggingwindow.h"
+#include "gui/dialogs/kwdimensionsdlgimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/guestform.h"
+#include "support/gui/loggingwindow.h"
+#include "support/registeredtest.h"
 
 namespace {
 
@@ -474,5 +475,5 @@ void TestKWDimensionsDlgImpl::aNewLanguageTranslatesTheTextsAndKeepsTheSizes()
     QCOMPARE(ok->shortcut(), QKeySequence(Qt::ALT | Qt::Key_O));
 }
 
-GUI_TEST_MAIN(TestKWDimensionsDlgImpl)
+REGISTER_TEST(TestKWDimensionsDlgImpl)
 #include "tst_kwdimensionsdlgimpl.moc"

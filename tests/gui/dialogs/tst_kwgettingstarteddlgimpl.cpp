@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "kwgettingstarteddlgimpl.h"
-#include "kwusersettings.h"
-#include "testplan.h"
+#include "gui/dialogs/kwgettingstarteddlgimpl.h"
+#include "gui/framework/kwusersettings.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -188,5 +189,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWGettingStartedDlgImpl)
+REGISTER_TEST(TestKWGettingStartedDlgImpl)
 #include "tst_kwgettingstarteddlgimpl.moc"

@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "kwgroupwidgetimpl.h"
-#include "kwwhatsthishelper.h"
-#include "testplan.h"
+#include "gui/dialogs/kwgroupwidgetimpl.h"
+#include "gui/framework/kwwhatsthishelper.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 class TestKWGroupWidgetImpl : public QObject
 {
@@ -89,5 +90,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWGroupWidgetImpl)
+REGISTER_TEST(TestKWGroupWidgetImpl)
 #include "tst_kwgroupwidgetimpl.moc"

@@ -1,6 +1,7 @@
-#include "guestdialogtest.h"
-#include "kwconfigurablewarningdlgimpl.h"
-#include "modaluser.h"
+#include "gui/framework/kwconfigurablewarningdlgimpl.h"
+#include "support/gui/guestdialogtest.h"
+#include "support/gui/modaluser.h"
+#include "support/registeredtest.h"
 
 // The dialog as it edits a guest or a group.
 
@@ -315,5 +316,5 @@ private:
     KWGuest *m_ann = nullptr;
 };
 
-GUI_TEST_MAIN(TestKWGuestDlgEdit)
+REGISTER_TEST(TestKWGuestDlgEdit)
 #include "tst_kwguestdlg_edit.moc"

@@ -1,6 +1,7 @@
-#include "guestdialogtest.h"
-#include "kwconfigurablewarningdlgimpl.h"
-#include "modaluser.h"
+#include "gui/framework/kwconfigurablewarningdlgimpl.h"
+#include "support/gui/guestdialogtest.h"
+#include "support/gui/modaluser.h"
+#include "support/registeredtest.h"
 
 // The dialog as it inserts a guest.
 
@@ -358,5 +359,5 @@ private:
     KWDocument *m_plan = nullptr;
 };
 
-GUI_TEST_MAIN(TestKWGuestDlgInsert)
+REGISTER_TEST(TestKWGuestDlgInsert)
 #include "tst_kwguestdlg_insert.moc"

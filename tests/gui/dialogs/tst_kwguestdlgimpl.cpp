@@ -1,5 +1,6 @@
-#include "guestdialogtest.h"
-#include "kwpixmaps.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "support/gui/guestdialogtest.h"
+#include "support/registeredtest.h"
 
 // What the three openings of the dialog have in common and in what they differ.
 
@@ -331,5 +332,5 @@ void TestKWGuestDlgImpl::aNewLanguageTranslatesTheOpeningInUse()
     QCOMPARE(dialog->findChildren<QWidget *>().size(), count);
 }
 
-GUI_TEST_MAIN(TestKWGuestDlgImpl)
+REGISTER_TEST(TestKWGuestDlgImpl)
 #include "tst_kwguestdlgimpl.moc"

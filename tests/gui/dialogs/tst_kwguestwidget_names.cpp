@@ -1,5 +1,6 @@
-#include "fakemainwindow.h"
-#include "guestform.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guestform.h"
+#include "support/registeredtest.h"
 
 // What the form for a guest makes of titles and names while they are typed.
 
@@ -286,5 +287,5 @@ void TestKWGuestWidgetNames::namesThatAreSetStayAsTheyAreUntilSomebodyTypes()
     QCOMPARE(form.widget.lastName(), s("Van Beethovens"));
 }
 
-GUI_TEST_MAIN(TestKWGuestWidgetNames)
+REGISTER_TEST(TestKWGuestWidgetNames)
 #include "tst_kwguestwidget_names.moc"

@@ -1,5 +1,6 @@
-#include "guestform.h"
-#include "kwwhatsthishelper.h"
+#include "gui/framework/kwwhatsthishelper.h"
+#include "support/gui/guestform.h"
+#include "support/registeredtest.h"
 
 class TestKWGuestWidgetImpl : public QObject
 {
@@ -322,5 +323,5 @@ void TestKWGuestWidgetImpl::aNewLanguageTranslatesTheFormAndWhatWasRemoved()
     QVERIFY(!form.widget.findChild<QWidget *>(s("m_lockedCheckBox")));
 }
 
-GUI_TEST_MAIN(TestKWGuestWidgetImpl)
+REGISTER_TEST(TestKWGuestWidgetImpl)
 #include "tst_kwguestwidgetimpl.moc"

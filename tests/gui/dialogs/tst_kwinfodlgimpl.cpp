@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "fakemainwindow.h"
-#include "kwinfodlgimpl.h"
-#include "testplan.h"
+#include "gui/dialogs/kwinfodlgimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -515,5 +516,5 @@ private:
     KWDocument *m_plan = nullptr;
 };
 
-GUI_TEST_MAIN(TestKWInfoDlgImpl)
+REGISTER_TEST(TestKWInfoDlgImpl)
 #include "tst_kwinfodlgimpl.moc"

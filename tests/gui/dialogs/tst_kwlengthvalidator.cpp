@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwlengthvalidator.h"
-#include "testplan.h"
+#include "gui/dialogs/kwlengthvalidator.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QLineEdit>
 
@@ -172,5 +173,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWLengthValidator)
+REGISTER_TEST(TestKWLengthValidator)
 #include "tst_kwlengthvalidator.moc"

@@ -1,6 +1,7 @@
-#include "dialogtest.h"
-#include "kwnamevalidator.h"
-#include "testplan.h"
+#include "gui/dialogs/kwnamevalidator.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -200,5 +201,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWNameValidator)
+REGISTER_TEST(TestKWNameValidator)
 #include "tst_kwnamevalidator.moc"

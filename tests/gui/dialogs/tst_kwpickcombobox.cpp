@@ -1,6 +1,7 @@
-#include "dialogtest.h"
-#include "kwpickcombobox.h"
-#include "testplan.h"
+#include "gui/dialogs/kwpickcombobox.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -152,5 +153,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWPickComboBox)
+REGISTER_TEST(TestKWPickComboBox)
 #include "tst_kwpickcombobox.moc"

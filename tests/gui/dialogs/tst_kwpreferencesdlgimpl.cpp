@@ -1,8 +1,9 @@
-#include "dialogtest.h"
-#include "kwpreferencesdlgimpl.h"
-#include "kwtooltips.h"
-#include "kwusersettings.h"
-#include "testplan.h"
+#include "gui/dialogs/kwpreferencesdlgimpl.h"
+#include "gui/framework/kwtooltips.h"
+#include "gui/framework/kwusersettings.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -363,5 +364,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWPreferencesDlgImpl)
+REGISTER_TEST(TestKWPreferencesDlgImpl)
 #include "tst_kwpreferencesdlgimpl.moc"

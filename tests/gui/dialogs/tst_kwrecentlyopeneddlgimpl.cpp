@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "kwrecentlyopeneddlgimpl.h"
-#include "kwusersettings.h"
-#include "testplan.h"
+#include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
+#include "gui/framework/kwusersettings.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -278,5 +279,5 @@ private:
     const QString m_party = testHome().path(s("party.kw"));
 };
 
-GUI_TEST_MAIN(TestKWRecentlyOpenedDlgImpl)
+REGISTER_TEST(TestKWRecentlyOpenedDlgImpl)
 #include "tst_kwrecentlyopeneddlgimpl.moc"

@@ -1,6 +1,7 @@
-#include "dialogtest.h"
-#include "kwscrollingpage.h"
-#include "testplan.h"
+#include "gui/dialogs/kwscrollingpage.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -113,5 +114,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWScrollingPage)
+REGISTER_TEST(TestKWScrollingPage)
 #include "tst_kwscrollingpage.moc"

@@ -1,6 +1,7 @@
-#include "dialogtest.h"
-#include "kwspinbox.h"
-#include "testplan.h"
+#include "gui/dialogs/kwspinbox.h"
+#include "support/gui/dialogtest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -55,5 +56,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWSpinBox)
+REGISTER_TEST(TestKWSpinBox)
 #include "tst_kwspinbox.moc"

@@ -1,4 +1,5 @@
-#include "tabledialogtest.h"
+#include "support/gui/tabledialogtest.h"
+#include "support/registeredtest.h"
 
 // The dialog as it edits a table.
 
@@ -354,5 +355,5 @@ void TestKWTableDlgEdit::withoutAMainWindowTheTableIsWritten()
     QCOMPARE(table->seatCount(), 9);
 }
 
-GUI_TEST_MAIN(TestKWTableDlgEdit)
+REGISTER_TEST(TestKWTableDlgEdit)
 #include "tst_kwtabledlg_edit.moc"

@@ -1,4 +1,5 @@
-#include "tabledialogtest.h"
+#include "support/gui/tabledialogtest.h"
+#include "support/registeredtest.h"
 
 // The dialog as it puts tables into the plan.
 
@@ -252,5 +253,5 @@ void TestKWTableDlgInsert::withoutAMainWindowTheTablesAreInserted()
     QCOMPARE(plan.tableAt(1)->name(), s("Table 2"));
 }
 
-GUI_TEST_MAIN(TestKWTableDlgInsert)
+REGISTER_TEST(TestKWTableDlgInsert)
 #include "tst_kwtabledlg_insert.moc"

@@ -1,4 +1,5 @@
-#include "tabledialogtest.h"
+#include "support/gui/tabledialogtest.h"
+#include "support/registeredtest.h"
 
 // What the dialog does with the seats when the shape changes, and the line that compares them with
 // the guests.
@@ -286,5 +287,5 @@ void TestKWTableDlgShapes::theLineFollowsSidesAndShapes()
     QCOMPARE(dialog.line->text(), line(10));
 }
 
-GUI_TEST_MAIN(TestKWTableDlgShapes)
+REGISTER_TEST(TestKWTableDlgShapes)
 #include "tst_kwtabledlg_shapes.moc"

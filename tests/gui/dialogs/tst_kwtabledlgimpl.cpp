@@ -1,6 +1,7 @@
-#include "kwpixmaps.h"
-#include "kwspinbox.h"
-#include "tabledialogtest.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/dialogs/kwspinbox.h"
+#include "support/gui/tabledialogtest.h"
+#include "support/registeredtest.h"
 
 // What the two openings of the dialog have in common and in what they differ.
 
@@ -351,5 +352,5 @@ void TestKWTableDlgImpl::aNewLanguageKeepsWhatWasEntered()
     QCOMPARE(dialog.line->text(), s("[giving a total of 39 seats for 0 guests]"));
 }
 
-GUI_TEST_MAIN(TestKWTableDlgImpl)
+REGISTER_TEST(TestKWTableDlgImpl)
 #include "tst_kwtabledlgimpl.moc"

@@ -1,4 +1,4 @@
-#include "kwtextmimesource.h"
+#include "gui/exchange/kwtextmimesource.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,7 +1,8 @@
-#include "guitest.h"
-#include "kwdrag.h"
-#include "kwpixmaps.h"
-#include "testplan.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "gui/exchange/kwdrag.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 const QString guestType = s("application/ambrelune.guest");
@@ -343,5 +344,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWDrag)
+REGISTER_TEST(TestKWDrag)
 #include "tst_kwdrag.moc"

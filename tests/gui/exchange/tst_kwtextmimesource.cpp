@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwtextmimesource.h"
-#include "testplan.h"
+#include "gui/exchange/kwtextmimesource.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -266,5 +267,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWTextMimeSource)
+REGISTER_TEST(TestKWTextMimeSource)
 #include "tst_kwtextmimesource.moc"

@@ -1,5 +1,6 @@
-#include "canvasplan.h"
-#include "guitest.h"
+#include "support/gui/canvasplan.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
 
 #include <QGraphicsView>
 
@@ -301,5 +302,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWCanvas)
+REGISTER_TEST(TestKWCanvas)
 #include "tst_kwcanvas.moc"

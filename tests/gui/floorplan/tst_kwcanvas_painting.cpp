@@ -1,5 +1,6 @@
-#include "canvasplan.h"
-#include "guitest.h"
+#include "support/gui/canvasplan.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
 
 #include <QGraphicsView>
 
@@ -359,5 +360,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWCanvasPainting)
+REGISTER_TEST(TestKWCanvasPainting)
 #include "tst_kwcanvas_painting.moc"

@@ -1,4 +1,5 @@
-#include "shownplan.h"
+#include "support/gui/shownplan.h"
+#include "support/registeredtest.h"
 
 #include <QPrinter>
 
@@ -245,5 +246,5 @@ private:
     }
 };
 
-GUI_TEST_MAIN(TestKWCanvasPrint)
+REGISTER_TEST(TestKWCanvasPrint)
 #include "tst_kwcanvas_print.moc"

@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "eventlog.h"
-#include "modaluser.h"
-#include "shownplan.h"
+#include "support/eventlog.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/shownplan.h"
+#include "support/registeredtest.h"
 
 #include <QClipboard>
 #include <QScrollBar>
@@ -392,5 +393,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWCanvasView)
+REGISTER_TEST(TestKWCanvasView)
 #include "tst_kwcanvasview.moc"

@@ -1,6 +1,7 @@
-#include "eventlog.h"
-#include "kwdrag.h"
-#include "shownplan.h"
+#include "gui/exchange/kwdrag.h"
+#include "support/eventlog.h"
+#include "support/gui/shownplan.h"
+#include "support/registeredtest.h"
 
 // What may be dropped where on the floor plan, and what a drop does.
 
@@ -167,5 +168,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWCanvasViewDrop)
+REGISTER_TEST(TestKWCanvasViewDrop)
 #include "tst_kwcanvasview_drop.moc"

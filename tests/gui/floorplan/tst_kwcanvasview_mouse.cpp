@@ -1,5 +1,6 @@
-#include "eventlog.h"
-#include "shownplan.h"
+#include "support/eventlog.h"
+#include "support/gui/shownplan.h"
+#include "support/registeredtest.h"
 
 #include <QMenu>
 
@@ -312,5 +313,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWCanvasViewMouse)
+REGISTER_TEST(TestKWCanvasViewMouse)
 #include "tst_kwcanvasview_mouse.moc"

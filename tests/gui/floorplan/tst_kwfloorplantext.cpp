@@ -1,5 +1,6 @@
-#include "kwfloorplantext.h"
-#include "testplan.h"
+#include "gui/floorplan/kwfloorplantext.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -250,5 +251,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFloorPlanText)
+REGISTER_TEST(TestFloorPlanText)
 #include "tst_kwfloorplantext.moc"

@@ -1,8 +1,9 @@
-#include "kwcolourbutton.h"
-#include "kwcoloursandfontsdlgimpl.h"
-#include "kwdimensionsdlgimpl.h"
-#include "modaluser.h"
-#include "panelplan.h"
+#include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
+#include "gui/dialogs/kwdimensionsdlgimpl.h"
+#include "gui/framework/kwcolourbutton.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/panelplan.h"
+#include "support/registeredtest.h"
 
 // The buttons of the panel.
 
@@ -358,5 +359,5 @@ void TestKWFloorPlanViewFilterButtons::theColoursAreShownAtOnce()
     QCOMPARE(shown.plan.isModified(), isAccepted);
 }
 
-GUI_TEST_MAIN(TestKWFloorPlanViewFilterButtons)
+REGISTER_TEST(TestKWFloorPlanViewFilterButtons)
 #include "tst_kwfloorplanviewfilter_buttons.moc"

@@ -1,8 +1,9 @@
-#include "dialogchecks.h"
-#include "guestform.h"
-#include "kwfloorplantext.h"
-#include "kwviewandfilter.h"
-#include "panelplan.h"
+#include "gui/floorplan/kwfloorplantext.h"
+#include "gui/framework/kwviewandfilter.h"
+#include "support/gui/dialogchecks.h"
+#include "support/gui/guestform.h"
+#include "support/gui/panelplan.h"
+#include "support/registeredtest.h"
 
 using Panel = KWFloorPlanViewFilterImpl;
 using Choices = Panel::Choices;
@@ -453,5 +454,5 @@ void TestKWFloorPlanViewFilterImpl::thePanelMayGoBeforeOrAfterTheFloorPlan()
     view.reset();
 }
 
-GUI_TEST_MAIN(TestKWFloorPlanViewFilterImpl)
+REGISTER_TEST(TestKWFloorPlanViewFilterImpl)
 #include "tst_kwfloorplanviewfilterimpl.moc"

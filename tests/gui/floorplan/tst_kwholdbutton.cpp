@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwholdbutton.h"
-#include "testplan.h"
+#include "gui/floorplan/kwholdbutton.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QDialog>
 #include <QMenu>
@@ -256,5 +257,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWHoldButton)
+REGISTER_TEST(TestKWHoldButton)
 #include "tst_kwholdbutton.moc"

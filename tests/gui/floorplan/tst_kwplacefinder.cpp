@@ -1,6 +1,7 @@
-#include "kwplacefinder.h"
-#include "kwtablegeometry.h"
-#include "testplan.h"
+#include "gui/floorplan/kwplacefinder.h"
+#include "gui/floorplan/kwtablegeometry.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -225,5 +226,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestPlaceFinder)
+REGISTER_TEST(TestPlaceFinder)
 #include "tst_kwplacefinder.moc"

@@ -1,5 +1,6 @@
-#include "kwroomgeometry.h"
-#include "testplan.h"
+#include "gui/floorplan/kwroomgeometry.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -143,5 +144,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRoomGeometry)
+REGISTER_TEST(TestRoomGeometry)
 #include "tst_kwroomgeometry.moc"

@@ -1,5 +1,6 @@
-#include "kwtablegeometry.h"
-#include "testplan.h"
+#include "gui/floorplan/kwtablegeometry.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -228,5 +229,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTableGeometry)
+REGISTER_TEST(TestTableGeometry)
 #include "tst_kwtablegeometry.moc"

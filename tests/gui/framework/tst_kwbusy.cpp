@@ -1,5 +1,6 @@
-#include "guitest.h"
-#include "kwbusy.h"
+#include "gui/framework/kwbusy.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
 
 namespace {
 /// The shape of the override cursor, or nothing.
@@ -71,5 +72,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWBusy)
+REGISTER_TEST(TestKWBusy)
 #include "tst_kwbusy.moc"

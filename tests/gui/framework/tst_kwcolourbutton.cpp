@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "kwcolourbutton.h"
-#include "modaluser.h"
-#include "testplan.h"
+#include "gui/framework/kwcolourbutton.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/modaluser.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -124,5 +125,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWColourButton)
+REGISTER_TEST(TestKWColourButton)
 #include "tst_kwcolourbutton.moc"

@@ -1,11 +1,12 @@
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "kwconfigurablewarningdlgimpl.h"
-#include "kwmessages.h"
-#include "kwstylehelper.h"
-#include "kwusersettings.h"
-#include "modaluser.h"
-#include "testplan.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwconfigurablewarningdlgimpl.h"
+#include "gui/framework/kwmessages.h"
+#include "gui/framework/kwusersettings.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/gui/modaluser.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 using Dialog = KWConfigurableWarningDlgImpl;
@@ -245,5 +246,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWConfigurableWarning)
+REGISTER_TEST(TestKWConfigurableWarning)
 #include "tst_kwconfigurablewarning.moc"

@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwdebugview.h"
-#include "testplan.h"
+#include "gui/framework/kwdebugview.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 class TestKWDebugView : public QObject
 {
@@ -38,5 +39,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWDebugView)
+REGISTER_TEST(TestKWDebugView)
 #include "tst_kwdebugview.moc"

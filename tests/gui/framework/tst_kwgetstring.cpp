@@ -1,8 +1,9 @@
-#include "dialogtest.h"
-#include "kwgetstringdlgimpl.h"
-#include "kwstylehelper.h"
-#include "modaluser.h"
-#include "testplan.h"
+#include "gui/appearance/kwstylehelper.h"
+#include "gui/framework/kwgetstringdlgimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/modaluser.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 using Dialog = KWGetStringDlgImpl;
@@ -161,5 +162,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWGetString)
+REGISTER_TEST(TestKWGetString)
 #include "tst_kwgetstring.moc"

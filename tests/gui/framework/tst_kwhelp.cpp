@@ -1,11 +1,12 @@
-#include "kwhelp.h"
+#include "gui/framework/kwhelp.h"
 
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "kwbusy.h"
-#include "kwdatadirectory.h"
-#include "kwhelpwindow.h"
-#include "scriptedprompts.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwhelpwindow.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
+#include "support/registeredtest.h"
 
 using namespace Qt::StringLiterals;
 
@@ -252,5 +253,5 @@ void TestHelp::theWindowGoesWithTheMainWindow()
     QCOMPARE(helpWindows().size(), 1);
 }
 
-GUI_TEST_MAIN(TestHelp)
+REGISTER_TEST(TestHelp)
 #include "tst_kwhelp.moc"

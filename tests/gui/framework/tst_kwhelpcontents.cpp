@@ -1,4 +1,5 @@
-#include "kwhelpcontents.h"
+#include "gui/framework/kwhelpcontents.h"
+#include "support/registeredtest.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -158,5 +159,5 @@ void TestHelpContents::everyPrefixOfAFileIsRead()
     QCOMPARE(before, 2);
 }
 
-QTEST_MAIN(TestHelpContents)
+REGISTER_TEST(TestHelpContents)
 #include "tst_kwhelpcontents.moc"

@@ -1,8 +1,10 @@
-#include "kwhelpfile.h"
+#include "gui/framework/kwhelpfile.h"
 
-#include "guitest.h"
-#include "kwdatadirectory.h"
-#include "kwmainwindow.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwmainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <random>
 
@@ -26,7 +28,7 @@ QByteArray goodBytes()
 
 QByteArray sourceOf(const QString &page)
 {
-    QFile file(QStringLiteral(AMBRELUNE_SOURCE_DIR "/help/") + page);
+    QFile file(sourcePath("help/") + page);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -44,8 +46,7 @@ int readEverything(const QByteArray &bytes)
 {
     const KWHelpFile file(written(bytes));
     int read = 0;
-    const QStringList names =
-        QDir(QStringLiteral(AMBRELUNE_SOURCE_DIR "/help")).entryList(QDir::Files);
+    const QStringList names = QDir(sourcePath("help")).entryList(QDir::Files);
     for (const QString &name : names)
         read += file.object(name).has_value() ? 1 : 0;
     file.contents();
@@ -85,8 +86,8 @@ void TestHelpFile::everyPageComesOutAsItWentIn()
     const KWHelpFile file(goodPath());
     QVERIFY(file.isOpen());
     QCOMPARE(file.path(), goodPath());
-    const QStringList pages = QDir(QStringLiteral(AMBRELUNE_SOURCE_DIR "/help"))
-                                  .entryList({u"*.htm"_s, u"*.css"_s}, QDir::Files);
+    const QStringList pages =
+        QDir(sourcePath("help")).entryList({u"*.htm"_s, u"*.css"_s}, QDir::Files);
     QVERIFY(pages.size() > 5);
     for (const QString &page : pages) {
         QVERIFY2(file.contains(page), qPrintable(page));
@@ -132,8 +133,7 @@ void TestHelpFile::theContentsNameEveryPageOnce()
             pages.append(entry.page);
     }
     pages.sort();
-    QStringList sources =
-        QDir(QStringLiteral(AMBRELUNE_SOURCE_DIR "/help")).entryList({u"*.htm"_s}, QDir::Files);
+    QStringList sources = QDir(sourcePath("help")).entryList({u"*.htm"_s}, QDir::Files);
     sources.sort();
     QCOMPARE(pages, sources);
 }
@@ -266,5 +266,5 @@ void TestHelpFile::anObjectThatClaimsToBeHugeIsRefused()
     QVERIFY(!file.object(u"Welcome.htm"_s).has_value());
 }
 
-GUI_TEST_MAIN(TestHelpFile)
+REGISTER_TEST(TestHelpFile)
 #include "tst_kwhelpfile.moc"

@@ -1,4 +1,6 @@
-#include "kwhelpcontents.h"
+#include "gui/framework/kwhelpcontents.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <QRegularExpression>
 #include <QtTest>
@@ -12,7 +14,7 @@ namespace {
 
 QString helpDirectory()
 {
-    return QStringLiteral(AMBRELUNE_SOURCE_DIR "/help");
+    return sourcePath("help");
 }
 
 QString source(const QString &name)
@@ -309,5 +311,5 @@ void TestHelpPages::coloursComeInPairs()
     }
 }
 
-QTEST_MAIN(TestHelpPages)
+REGISTER_TEST(TestHelpPages)
 #include "tst_kwhelppages.moc"

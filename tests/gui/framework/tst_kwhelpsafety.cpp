@@ -1,6 +1,8 @@
-#include "guitest.h"
-#include "kwhelpsafety.h"
-#include "testplan.h"
+#include "gui/framework/kwhelpsafety.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
+#include "support/testplan.h"
 
 #include <QBuffer>
 
@@ -24,7 +26,7 @@ class TestKWHelpSafety : public QObject
 private slots:
     void pagesOfTheHelpAreShowable()
     {
-        const QDir help(QStringLiteral(AMBRELUNE_SOURCE_DIR "/help"));
+        const QDir help(sourcePath("help"));
         const QStringList pages = help.entryList({s("*.htm")});
         QVERIFY(pages.size() > 5);
         for (const QString &page : pages) {
@@ -100,5 +102,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWHelpSafety)
+REGISTER_TEST(TestKWHelpSafety)
 #include "tst_kwhelpsafety.moc"

@@ -1,10 +1,12 @@
-#include "kwhelpwindow.h"
+#include "gui/framework/kwhelpwindow.h"
 
-#include "guitest.h"
-#include "kwaccel.h"
-#include "kwdatadirectory.h"
-#include "kwhelpbrowser.h"
-#include "kwmainwindow.h"
+#include "gui/framework/kwaccel.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwhelpbrowser.h"
+#include "gui/framework/kwmainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
 
 #include <QDesktopServices>
 
@@ -260,8 +262,7 @@ void TestHelpWindow::whatCannotBeShownChangesNothing_data()
     QTest::newRow("empty page") << helpFile() << QString();
     QTest::newRow("not a page") << helpFile() << u"help.css"_s;
     QTest::newRow("no such file") << u"/no/such/file.chm"_s << u"Welcome.htm"_s;
-    QTest::newRow("not a help file")
-        << QStringLiteral(AMBRELUNE_SOURCE_DIR "/README.md") << u"Welcome.htm"_s;
+    QTest::newRow("not a help file") << sourcePath("README.md") << u"Welcome.htm"_s;
 }
 
 void TestHelpWindow::whatCannotBeShownChangesNothing()
@@ -513,7 +514,7 @@ void TestHelpWindow::pagesComeFromTheHelpFileOnly_data()
 {
     QTest::addColumn<QUrl>("url");
 
-    const QString onDisk = QStringLiteral(AMBRELUNE_SOURCE_DIR "/help/Tutorial.htm");
+    const QString onDisk = sourcePath("help/Tutorial.htm");
     QTest::newRow("file") << QUrl::fromLocalFile(onDisk);
     QTest::newRow("path") << QUrl(onDisk);
     QTest::newRow("relative path") << QUrl(u"../../../../../../../etc/passwd"_s);
@@ -562,5 +563,5 @@ void TestHelpWindow::theStyleSheetIsThereForTheFirstPage()
     QVERIFY(key.charFormat().fontWeight() > QFont::Normal);
 }
 
-GUI_TEST_MAIN(TestHelpWindow)
+REGISTER_TEST(TestHelpWindow)
 #include "tst_kwhelpwindow.moc"

@@ -1,6 +1,7 @@
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "testplan.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 class TestKWMainWindow : public QObject
 {
@@ -27,5 +28,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWMainWindow)
+REGISTER_TEST(TestKWMainWindow)
 #include "tst_kwmainwindow.moc"

@@ -1,8 +1,9 @@
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "kwmessages.h"
-#include "scriptedprompts.h"
-#include "testplan.h"
+#include "gui/framework/kwmessages.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -92,5 +93,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWMessages)
+REGISTER_TEST(TestKWMessages)
 #include "tst_kwmessages.moc"

@@ -1,6 +1,7 @@
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "kwprogress.h"
+#include "gui/framework/kwprogress.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
 
 class TestKWProgress : public QObject
 {
@@ -42,5 +43,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWProgress)
+REGISTER_TEST(TestKWProgress)
 #include "tst_kwprogress.moc"

@@ -1,9 +1,10 @@
-#include "guitest.h"
-#include "kwbusy.h"
-#include "kwprompts.h"
-#include "modaluser.h"
-#include "scriptedprompts.h"
-#include "testplan.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/framework/kwprompts.h"
+#include "support/gui/guitest.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/scriptedprompts.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QPrintDialog>
 #include <QPrinter>
@@ -264,5 +265,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWPrompts)
+REGISTER_TEST(TestKWPrompts)
 #include "tst_kwprompts.moc"

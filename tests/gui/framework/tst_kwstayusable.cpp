@@ -1,6 +1,7 @@
-#include "kwstayusable.h"
+#include "gui/framework/kwstayusable.h"
 
-#include "guitest.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
 
 using namespace Qt::StringLiterals;
 
@@ -214,5 +215,5 @@ void TestStayUsable::aDialogRunByExecLeavesItUsable()
     QVERIFY(usable);
 }
 
-GUI_TEST_MAIN(TestStayUsable)
+REGISTER_TEST(TestStayUsable)
 #include "tst_kwstayusable.moc"

@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwtimer.h"
-#include "testplan.h"
+#include "gui/framework/kwtimer.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -193,5 +194,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWTimer)
+REGISTER_TEST(TestKWTimer)
 #include "tst_kwtimer.moc"

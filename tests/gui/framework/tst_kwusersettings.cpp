@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwusersettings.h"
-#include "testplan.h"
+#include "gui/framework/kwusersettings.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -163,5 +164,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWUserSettings)
+REGISTER_TEST(TestKWUserSettings)
 #include "tst_kwusersettings.moc"

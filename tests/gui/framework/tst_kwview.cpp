@@ -1,7 +1,8 @@
-#include "guitest.h"
-#include "kwdebugview.h"
-#include "kwviewandfilter.h"
-#include "testplan.h"
+#include "gui/framework/kwdebugview.h"
+#include "gui/framework/kwviewandfilter.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 /// A view whose update block is all that matters.
@@ -100,5 +101,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWView)
+REGISTER_TEST(TestKWView)
 #include "tst_kwview.moc"

@@ -1,8 +1,9 @@
-#include "guitest.h"
-#include "kwdatadirectory.h"
-#include "kwwebpage.h"
-#include "scriptedprompts.h"
-#include "testplan.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwwebpage.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -263,5 +264,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWWebPage)
+REGISTER_TEST(TestKWWebPage)
 #include "tst_kwwebpage.moc"

@@ -1,6 +1,7 @@
-#include "guitest.h"
-#include "kwwhatsthishelper.h"
-#include "testplan.h"
+#include "gui/framework/kwwhatsthishelper.h"
+#include "support/gui/guitest.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QVBoxLayout>
 
@@ -113,5 +114,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWWhatsThisHelper)
+REGISTER_TEST(TestKWWhatsThisHelper)
 #include "tst_kwwhatsthishelper.moc"

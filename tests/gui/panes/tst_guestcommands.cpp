@@ -1,6 +1,7 @@
-#include "eventlog.h"
-#include "modaluser.h"
-#include "shownlist.h"
+#include "support/eventlog.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/shownlist.h"
+#include "support/registeredtest.h"
 
 #include <QPushButton>
 
@@ -247,5 +248,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestGuestCommands)
+REGISTER_TEST(TestGuestCommands)
 #include "tst_guestcommands.moc"

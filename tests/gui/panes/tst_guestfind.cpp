@@ -1,5 +1,6 @@
-#include "kwguestviewfilterimpl.h"
-#include "shownlist.h"
+#include "gui/panes/kwguestviewfilterimpl.h"
+#include "support/gui/shownlist.h"
+#include "support/registeredtest.h"
 
 #include <QLineEdit>
 
@@ -189,5 +190,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestGuestFind)
+REGISTER_TEST(TestGuestFind)
 #include "tst_guestfind.moc"

@@ -1,5 +1,6 @@
-#include "kwpixmaps.h"
-#include "shownlist.h"
+#include "gui/appearance/kwpixmaps.h"
+#include "support/gui/shownlist.h"
+#include "support/registeredtest.h"
 
 #include <QMenu>
 
@@ -296,5 +297,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWGuestListViewItem)
+REGISTER_TEST(TestKWGuestListViewItem)
 #include "tst_kwguestlistviewitem.moc"

@@ -1,8 +1,9 @@
-#include "shownlist.h"
+#include "support/gui/shownlist.h"
 
-#include "eventlog.h"
-#include "kwbusy.h"
-#include "kwfindpattern.h"
+#include "gui/framework/kwbusy.h"
+#include "gui/panes/kwfindpattern.h"
+#include "support/eventlog.h"
+#include "support/registeredtest.h"
 
 using Row = KWGuestListViewItem;
 
@@ -444,5 +445,5 @@ private slots:
 
 Q_DECLARE_METATYPE(std::function<void(ShownList &)>)
 
-GUI_TEST_MAIN(TestKWGuestsListView)
+REGISTER_TEST(TestKWGuestsListView)
 #include "tst_kwguestslistview.moc"

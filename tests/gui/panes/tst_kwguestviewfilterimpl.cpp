@@ -1,7 +1,8 @@
-#include "dialogtest.h"
-#include "kwguestviewfilterimpl.h"
-#include "kwviewandfilter.h"
-#include "shownlist.h"
+#include "gui/framework/kwviewandfilter.h"
+#include "gui/panes/kwguestviewfilterimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/shownlist.h"
+#include "support/registeredtest.h"
 
 using Row = KWGuestListViewItem;
 
@@ -249,5 +250,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWGuestViewFilterImpl)
+REGISTER_TEST(TestKWGuestViewFilterImpl)
 #include "tst_kwguestviewfilterimpl.moc"

@@ -1,4 +1,5 @@
-#include "shownlist.h"
+#include "support/gui/shownlist.h"
+#include "support/registeredtest.h"
 
 #include <QLineEdit>
 #include <QMenu>
@@ -461,5 +462,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWListView)
+REGISTER_TEST(TestKWListView)
 #include "tst_kwlistview.moc"

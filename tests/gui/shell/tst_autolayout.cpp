@@ -1,12 +1,13 @@
-#include "eventlog.h"
-#include "kwautolayoutprogressdlgimpl.h"
-#include "kwcanvasview.h"
-#include "kwfilecommands.h"
-#include "kwfloorplanitem.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/shell/kwfilecommands.h"
+#include "support/eventlog.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QPushButton>
 #include <QStatusBar>
@@ -330,5 +331,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestAutoLayout)
+REGISTER_TEST(TestAutoLayout)
 #include "tst_autolayout.moc"

@@ -1,5 +1,6 @@
-#include "openwindow.h"
-#include "testplan.h"
+#include "support/gui/openwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QActionGroup>
 #include <QMenuBar>
@@ -323,5 +324,5 @@ private:
     std::unique_ptr<OpenWindow> m_open;
 };
 
-GUI_TEST_MAIN(TestCommandTable)
+REGISTER_TEST(TestCommandTable)
 #include "tst_commandtable.moc"

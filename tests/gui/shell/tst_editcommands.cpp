@@ -1,9 +1,10 @@
-#include "fakeview.h"
-#include "kwbottomtab.h"
-#include "kwlefttab.h"
-#include "kwtoptab.h"
-#include "openwindow.h"
-#include "testplan.h"
+#include "gui/shell/kwbottomtab.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/openwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -228,5 +229,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestEditCommands)
+REGISTER_TEST(TestEditCommands)
 #include "tst_editcommands.moc"

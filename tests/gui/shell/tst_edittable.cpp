@@ -1,12 +1,13 @@
-#include "kwcanvasview.h"
-#include "kwdrag.h"
-#include "kwfloorplanitem.h"
-#include "kwguestslistview.h"
-#include "kwlefttab.h"
-#include "kwtabledlgimpl.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "testplan.h"
+#include "gui/dialogs/kwtabledlgimpl.h"
+#include "gui/exchange/kwdrag.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/panes/kwguestslistview.h"
+#include "gui/shell/kwlefttab.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -154,5 +155,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestEditTable)
+REGISTER_TEST(TestEditTable)
 #include "tst_edittable.moc"

@@ -1,10 +1,11 @@
-#include "fakeview.h"
-#include "kwfilecommands.h"
-#include "kwlefttab.h"
-#include "kwstatusbar.h"
-#include "kwtoptab.h"
-#include "openwindow.h"
-#include "testplan.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwstatusbar.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/openwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QActionGroup>
 
@@ -190,5 +191,5 @@ private:
     }
 };
 
-GUI_TEST_MAIN(TestEnabling)
+REGISTER_TEST(TestEnabling)
 #include "tst_enabling.moc"

@@ -1,8 +1,9 @@
-#include "kwexportcommands.h"
-#include "kwfilecommands.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/shell/kwexportcommands.h"
+#include "gui/shell/kwfilecommands.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QImageReader>
 
@@ -245,5 +246,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestExportFloorPlan)
+REGISTER_TEST(TestExportFloorPlan)
 #include "tst_exportfloorplan.moc"

@@ -1,10 +1,11 @@
-#include "kwfilecommands.h"
-#include "kwpreferencesdlgimpl.h"
-#include "kwtimer.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/dialogs/kwpreferencesdlgimpl.h"
+#include "gui/framework/kwtimer.h"
+#include "gui/shell/kwfilecommands.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QCheckBox>
 #include <QSpinBox>
@@ -212,5 +213,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestFileCommandsBackup)
+REGISTER_TEST(TestFileCommandsBackup)
 #include "tst_filecommands_backup.moc"

@@ -1,9 +1,10 @@
-#include "fakeview.h"
-#include "kwfilecommands.h"
-#include "kwlefttab.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QCloseEvent>
 
@@ -183,5 +184,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestFileCommandsNew)
+REGISTER_TEST(TestFileCommandsNew)
 #include "tst_filecommands_new.moc"

@@ -1,12 +1,13 @@
-#include "fakeview.h"
-#include "kwfilecommands.h"
-#include "kwrecentlyopeneddlgimpl.h"
-#include "kwstatusbar.h"
-#include "kwtoptab.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwstatusbar.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QProgressBar>
 
@@ -335,5 +336,5 @@ private:
     }
 };
 
-GUI_TEST_MAIN(TestFileCommandsOpen)
+REGISTER_TEST(TestFileCommandsOpen)
 #include "tst_filecommands_open.moc"

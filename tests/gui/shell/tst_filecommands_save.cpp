@@ -1,7 +1,8 @@
-#include "kwfilecommands.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/shell/kwfilecommands.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <unistd.h>
 
@@ -313,5 +314,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestFileCommandsSave)
+REGISTER_TEST(TestFileCommandsSave)
 #include "tst_filecommands_save.moc"

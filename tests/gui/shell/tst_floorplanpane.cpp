@@ -1,12 +1,13 @@
-#include "canvasplan.h"
-#include "dialogtest.h"
-#include "guestform.h"
-#include "kwdimensionsdlgimpl.h"
-#include "kwfilecommands.h"
-#include "kwtoptab.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "planfolder.h"
+#include "gui/dialogs/kwdimensionsdlgimpl.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/canvasplan.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/guestform.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
 
 #include <QMenu>
 
@@ -297,5 +298,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestFloorPlanPane)
+REGISTER_TEST(TestFloorPlanPane)
 #include "tst_floorplanpane.moc"

@@ -1,14 +1,15 @@
-#include "dialogtest.h"
-#include "fakeview.h"
-#include "kwfilecommands.h"
-#include "kwguestdlgimpl.h"
-#include "kwguestlistviewitem.h"
-#include "kwlefttab.h"
-#include "kwtoptab.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/dialogs/kwguestdlgimpl.h"
+#include "gui/panes/kwguestlistviewitem.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -452,5 +453,5 @@ private slots:
 
 Q_DECLARE_METATYPE(bool KWViewSettings::*)
 
-GUI_TEST_MAIN(TestGuestsPane)
+REGISTER_TEST(TestGuestsPane)
 #include "tst_guestspane.moc"

@@ -1,9 +1,10 @@
-#include "fakeview.h"
-#include "kwlefttab.h"
-#include "kwstatusbar.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwstatusbar.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QProgressBar>
 
@@ -83,5 +84,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestKWStatusBar)
+REGISTER_TEST(TestKWStatusBar)
 #include "tst_kwstatusbar.moc"

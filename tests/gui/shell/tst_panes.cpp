@@ -1,12 +1,13 @@
-#include "dialogtest.h"
-#include "fakeview.h"
-#include "kwbottomtab.h"
-#include "kwlefttab.h"
-#include "kwstatusbar.h"
-#include "kwtoptab.h"
-#include "kwviewandfilter.h"
-#include "openwindow.h"
-#include "testplan.h"
+#include "gui/framework/kwviewandfilter.h"
+#include "gui/shell/kwbottomtab.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwstatusbar.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/openwindow.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 #include <QProgressBar>
 #include <QSplitter>
@@ -290,5 +291,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestPanes)
+REGISTER_TEST(TestPanes)
 #include "tst_panes.moc"

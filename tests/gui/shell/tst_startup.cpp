@@ -1,15 +1,17 @@
-#include "fakeview.h"
-#include "kwfilecommands.h"
-#include "kwgettingstarteddlgimpl.h"
-#include "kwlefttab.h"
-#include "kwmodelhooks.h"
-#include "kwrecentlyopeneddlgimpl.h"
-#include "kwsplashscreen.h"
-#include "kwtimer.h"
-#include "kwtooltips.h"
-#include "modaluser.h"
-#include "openwindow.h"
-#include "testplan.h"
+#include "core/model/kwmodelhooks.h"
+#include "gui/dialogs/kwgettingstarteddlgimpl.h"
+#include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
+#include "gui/framework/kwtimer.h"
+#include "gui/framework/kwtooltips.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
+#include "gui/shell/kwsplashscreen.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/openwindow.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
+#include "support/testplan.h"
 
 #include <QPainter>
 #include <QPrinter>
@@ -21,7 +23,7 @@ namespace {
 
 QString examplePath(const char *name)
 {
-    return s(AMBRELUNE_SOURCE_DIR "/examples/") + s(name);
+    return sourcePath("examples/") + s(name);
 }
 
 /// Copies an example into the test's directory.
@@ -361,5 +363,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestStartup)
+REGISTER_TEST(TestStartup)
 #include "tst_startup.moc"

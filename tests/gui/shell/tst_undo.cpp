@@ -1,10 +1,11 @@
-#include "eventlog.h"
-#include "fakeview.h"
-#include "kwfilecommands.h"
-#include "kwlefttab.h"
-#include "openwindow.h"
-#include "planfolder.h"
-#include "testplan.h"
+#include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
+#include "support/eventlog.h"
+#include "support/gui/fakeview.h"
+#include "support/gui/openwindow.h"
+#include "support/gui/planfolder.h"
+#include "support/registeredtest.h"
+#include "support/testplan.h"
 
 namespace {
 
@@ -225,5 +226,5 @@ private slots:
     }
 };
 
-GUI_TEST_MAIN(TestUndo)
+REGISTER_TEST(TestUndo)
 #include "tst_undo.moc"

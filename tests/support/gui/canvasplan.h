@@ -1,8 +1,8 @@
 #pragma once
 
-#include "kwcanvas.h"
-#include "kwfloorplanitem.h"
-#include "testplan.h"
+#include "gui/floorplan/kwcanvas.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "support/testplan.h"
 
 #include <QPainter>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "dialogtest.h"
-#include "kwcolourbutton.h"
-#include "kwcoloursandfontsdlgimpl.h"
-#include "kwgetstringdlgimpl.h"
-#include "modaluser.h"
-#include "themeshelf.h"
+#include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
+#include "gui/framework/kwcolourbutton.h"
+#include "gui/framework/kwgetstringdlgimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/modaluser.h"
+#include "support/gui/themeshelf.h"
 
 /// The dialog for colours and fonts with the parts that tests work with.
 struct ColoursDialog : KWColoursAndFontsDlgImpl

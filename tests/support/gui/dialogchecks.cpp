@@ -1,4 +1,4 @@
-#include "dialogchecks.h"
+#include "support/gui/dialogchecks.h"
 
 #include <QtWidgets>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "guitest.h"
-#include "scriptedprompts.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
 
 #include <QTranslator>
 #include <QtWidgets>

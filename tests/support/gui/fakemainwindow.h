@@ -1,8 +1,8 @@
 #pragma once
 
-#include "kwdocument.h"
-#include "kwmainwindow.h"
-#include "kwusersettings.h"
+#include "core/model/kwdocument.h"
+#include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwusersettings.h"
 
 #include <QAction>
 #include <QPrinter>

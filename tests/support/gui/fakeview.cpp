@@ -1,4 +1,4 @@
-#include "fakeview.h"
+#include "support/gui/fakeview.h"
 
 FakeView::FakeView(KWDocument *document, const QString &name)
     : KWView(document)

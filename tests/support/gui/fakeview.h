@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwview.h"
+#include "gui/framework/kwview.h"
 
 #include <QStringList>
 #include <QWidget>

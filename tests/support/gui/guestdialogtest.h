@@ -1,8 +1,8 @@
 #pragma once
 
-#include "guestform.h"
-#include "kwguestdlgimpl.h"
-#include "loggingwindow.h"
+#include "gui/dialogs/kwguestdlgimpl.h"
+#include "support/gui/guestform.h"
+#include "support/gui/loggingwindow.h"
 
 /// The dialog for guests and groups with the parts that tests work with.
 struct GuestDialog : KWGuestDlgImpl

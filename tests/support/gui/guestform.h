@@ -1,9 +1,9 @@
 #pragma once
 
-#include "dialogtest.h"
-#include "kwguestwidgetimpl.h"
-#include "kwpickcombobox.h"
-#include "testplan.h"
+#include "gui/dialogs/kwguestwidgetimpl.h"
+#include "gui/dialogs/kwpickcombobox.h"
+#include "support/gui/dialogtest.h"
+#include "support/testplan.h"
 
 /// The fields of the form for a guest, in a window of whatever kind; null where there are none.
 struct GuestForm

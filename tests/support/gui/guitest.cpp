@@ -1,10 +1,6 @@
-#include "guitest.h"
+#include "support/gui/guitest.h"
 
-#include "kwusersettings.h"
-
-#include <QApplication>
-
-#include <memory>
+#include "gui/framework/kwusersettings.h"
 
 namespace {
 TestHome *home = nullptr;
@@ -29,13 +25,4 @@ void TestHome::clearSettings()
 TestHome &testHome()
 {
     return *home;
-}
-
-int runGuiTest(int argc, char **argv, const std::function<QObject *()> &makeTest)
-{
-    TestHome testHome;
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication application(argc, argv);
-    const std::unique_ptr<QObject> test(makeTest());
-    return QTest::qExec(test.get(), argc, argv);
 }

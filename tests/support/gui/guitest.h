@@ -17,14 +17,5 @@ private:
     QTemporaryDir m_directory;
 };
 
-/// The home of the test program that GUI_TEST_MAIN made.
+/// The home of the program that runs.
 TestHome &testHome();
-
-int runGuiTest(int argc, char **argv, const std::function<QObject *()> &makeTest);
-
-/// In place of QTEST_MAIN for tests of windows.
-#define GUI_TEST_MAIN(TestClass)                                                                   \
-    int main(int argc, char **argv)                                                                \
-    {                                                                                              \
-        return runGuiTest(argc, argv, [] { return new TestClass; });                               \
-    }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "eventlog.h"
-#include "fakemainwindow.h"
-#include "testplan.h"
+#include "support/eventlog.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/testplan.h"
 
 #include <QApplication>
 

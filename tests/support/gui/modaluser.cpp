@@ -1,4 +1,4 @@
-#include "modaluser.h"
+#include "support/gui/modaluser.h"
 
 #include <QApplication>
 #include <QtTest>

@@ -1,10 +1,10 @@
-#include "openwindow.h"
+#include "support/gui/openwindow.h"
 
-#include "fakeview.h"
-#include "kwcloseabletabwidget.h"
-#include "kwstatusbar.h"
-#include "kwtoptab.h"
-#include "testplan.h"
+#include "gui/framework/kwcloseabletabwidget.h"
+#include "gui/shell/kwstatusbar.h"
+#include "gui/shell/kwtoptab.h"
+#include "support/gui/fakeview.h"
+#include "support/testplan.h"
 
 OpenWindow::OpenWindow(const QStringList &arguments)
     : window(nullptr, [this] { return now; })

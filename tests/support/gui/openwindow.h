@@ -1,10 +1,10 @@
 #pragma once
 
-#include "guitest.h"
-#include "kwmainwinimpl.h"
-#include "kwpanes.h"
-#include "kwusersettings.h"
-#include "scriptedprompts.h"
+#include "gui/framework/kwusersettings.h"
+#include "gui/shell/kwmainwinimpl.h"
+#include "gui/shell/kwpanes.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
 
 #include <QAction>
 #include <QLabel>

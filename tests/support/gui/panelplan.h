@@ -1,9 +1,9 @@
 #pragma once
 
-#include "canvasplan.h"
-#include "dialogtest.h"
-#include "kwfloorplanviewfilterimpl.h"
-#include "shownplan.h"
+#include "gui/floorplan/kwfloorplanviewfilterimpl.h"
+#include "support/gui/canvasplan.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/shownplan.h"
 
 /// The panel, unfolded, in a window of its own, with the floor plan in another.
 struct PanelPlan : ShownPlan

@@ -1,6 +1,6 @@
-#include "planfolder.h"
+#include "support/gui/planfolder.h"
 
-#include "testplan.h"
+#include "support/testplan.h"
 
 #include <QDir>
 #include <QFile>

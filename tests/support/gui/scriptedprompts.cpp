@@ -1,4 +1,4 @@
-#include "scriptedprompts.h"
+#include "support/gui/scriptedprompts.h"
 
 #include <QtTest>
 

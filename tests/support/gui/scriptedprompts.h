@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kwprompts.h"
+#include "gui/framework/kwprompts.h"
 
 #include <QList>
 #include <QVariant>

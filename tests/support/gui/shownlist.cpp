@@ -1,6 +1,6 @@
-#include "shownlist.h"
+#include "support/gui/shownlist.h"
 
-#include "kwdrag.h"
+#include "gui/exchange/kwdrag.h"
 
 #include <QMouseEvent>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "kwguestlistviewitem.h"
-#include "kwguestslistview.h"
-#include "scriptedprompts.h"
-#include "testplan.h"
+#include "gui/panes/kwguestlistviewitem.h"
+#include "gui/panes/kwguestslistview.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
+#include "support/testplan.h"
 
 #include <QHeaderView>
 

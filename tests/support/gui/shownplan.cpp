@@ -1,6 +1,6 @@
-#include "shownplan.h"
+#include "support/gui/shownplan.h"
 
-#include "kwdrag.h"
+#include "gui/exchange/kwdrag.h"
 
 #include <QMouseEvent>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "fakemainwindow.h"
-#include "guitest.h"
-#include "kwcanvasview.h"
-#include "kwfloorplanitem.h"
-#include "scriptedprompts.h"
-#include "testplan.h"
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/floorplan/kwfloorplanitem.h"
+#include "support/gui/fakemainwindow.h"
+#include "support/gui/guitest.h"
+#include "support/gui/scriptedprompts.h"
+#include "support/testplan.h"
 
 /// Writes down the guests of each drag instead of letting it run.
 class DraggablePlan : public KWCanvasView

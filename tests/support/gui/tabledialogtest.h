@@ -1,9 +1,9 @@
 #pragma once
 
-#include "dialogtest.h"
-#include "guestform.h"
-#include "kwtabledlgimpl.h"
-#include "loggingwindow.h"
+#include "gui/dialogs/kwtabledlgimpl.h"
+#include "support/gui/dialogtest.h"
+#include "support/gui/guestform.h"
+#include "support/gui/loggingwindow.h"
 
 /// The dialog for tables with the parts that tests work with.
 struct TableDialog : KWTableDlgImpl

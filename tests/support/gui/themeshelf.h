@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kwthemefile.h"
-#include "testplan.h"
+#include "gui/appearance/kwthemefile.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 

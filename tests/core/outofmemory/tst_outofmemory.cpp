@@ -1,6 +1,8 @@
-#include "kwlayoutrun.h"
-#include "kwrandom.h"
-#include "testplan.h"
+#include "core/autolayout/kwlayoutrun.h"
+#include "core/model/kwrandom.h"
+#include "support/registeredtest.h"
+#include "support/sourcepath.h"
+#include "support/testplan.h"
 
 #include <QtTest>
 
@@ -130,7 +132,7 @@ private slots:
 
     void aFailedLoadLeavesAnEmptyPlanAndBlamesNotTheFile()
     {
-        const QString path = QStringLiteral(AMBRELUNE_SOURCE_DIR "/examples/small.kw");
+        const QString path = sourcePath("examples/small.kw");
         for (long allocation = 0;; allocation += 7) {
             KWDocument plan;
             KWViewSettings views;
@@ -199,5 +201,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestOutOfMemory)
+REGISTER_TEST(TestOutOfMemory)
 #include "tst_outofmemory.moc"
