@@ -1,6 +1,7 @@
 #include "gui/panes/kwguestslistview.h"
 
 #include "core/model/kwdocument.h"
+#include "core/model/kwviewsettings.h"
 #include "gui/exchange/kwdrag.h"
 #include "gui/framework/kwbusy.h"
 #include "gui/framework/kwmainwindow.h"
@@ -90,6 +91,25 @@ void KWGuestsListView::makeColumns()
 void KWGuestsListView::setColumnShown(int column, bool shown)
 {
     setColumnWidth(column, shown ? columns.at(static_cast<std::size_t>(column)).width : 0);
+}
+
+bool KWViewSettings::*KWGuestsListView::shownSetting(int column) const
+{
+    using Settings = KWViewSettings;
+    static constexpr std::array<bool Settings::*, Row::ColumnCount> settings{
+        nullptr,
+        &Settings::guests_show_display_name,
+        &Settings::guests_show_title,
+        &Settings::guests_show_first_name,
+        &Settings::guests_show_last_name,
+        &Settings::guests_show_assigned,
+        &Settings::guests_show_locked,
+        &Settings::guests_show_vip,
+        &Settings::guests_show_accepted,
+        &Settings::guests_show_meal,
+        &Settings::guests_show_notes,
+    };
+    return settings.at(static_cast<std::size_t>(column));
 }
 
 void KWGuestsListView::connectDocument()

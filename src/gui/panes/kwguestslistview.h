@@ -8,6 +8,7 @@ class KWFindPattern;
 class KWGuest;
 class KWGuestListViewItem;
 class KWTable;
+struct KWViewSettings;
 
 /// The list of all guests. While it is hidden it follows no change of the plan but lets go of what
 /// is deleted, and rebuilds itself when it is shown again.
@@ -28,6 +29,8 @@ public:
     virtual KWGuestListViewItem *itemOfGuest(const KWGuest *guest);
     /// Gives a column the width that it has at first, or none.
     void setColumnShown(int column, bool shown);
+    /// Where a plan keeps whether the column, which is not the one of pictures, is shown.
+    virtual bool KWViewSettings::*shownSetting(int column) const;
 
     void edit(QTreeWidgetItem *item) override;
     using KWListView::edit;

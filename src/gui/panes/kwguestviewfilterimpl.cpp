@@ -70,32 +70,23 @@ std::array<QCheckBox *, 10> KWGuestViewFilterImpl::boxes() const
             m_ui->m_notesCheckBox};
 }
 
-void KWGuestViewFilterImpl::setShownColumns(const ShownColumns &shown)
+void KWGuestViewFilterImpl::readSettings(const KWViewSettings &settings)
 {
-    const std::array<bool, 10> on{shown.displayName, shown.title,  shown.firstName, shown.lastName,
-                                  shown.assigned,    shown.locked, shown.vip,       shown.accepted,
-                                  shown.meal,        shown.notes};
     const QSignalBlocker listBlocker(m_view);
-    const std::array<QCheckBox *, 10> all = boxes();
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        const QSignalBlocker blocker(all[i]);
-        all[i]->setChecked(on[i]);
-        m_view->setColumnShown(Row::DisplayName + static_cast<int>(i), on[i]);
+    int column = Row::DisplayName;
+    for (QCheckBox *box : boxes()) {
+        const QSignalBlocker blocker(box);
+        box->setChecked(settings.*m_view->shownSetting(column));
+        m_view->setColumnShown(column, box->isChecked());
+        ++column;
     }
 }
 
-KWGuestViewFilterImpl::ShownColumns KWGuestViewFilterImpl::shownColumns() const
+void KWGuestViewFilterImpl::writeSettings(KWViewSettings &settings) const
 {
-    return {.displayName = m_ui->m_displayNameCheckBox->isChecked(),
-            .lastName = m_ui->m_lastNameCheckBox->isChecked(),
-            .vip = m_ui->m_vipCheckBox->isChecked(),
-            .title = m_ui->m_titleCheckBox->isChecked(),
-            .assigned = m_ui->m_assignedCheckBox->isChecked(),
-            .accepted = m_ui->m_acceptedCheckBox->isChecked(),
-            .firstName = m_ui->m_firstNameCheckBox->isChecked(),
-            .locked = m_ui->m_lockedCheckBox->isChecked(),
-            .meal = m_ui->m_mealCheckBox->isChecked(),
-            .notes = m_ui->m_notesCheckBox->isChecked()};
+    int column = Row::DisplayName;
+    for (const QCheckBox *box : boxes())
+        settings.*m_view->shownSetting(column++) = box->isChecked();
 }
 
 void KWGuestViewFilterImpl::showAll()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gui/framework/kwplansettingspanel.h"
+
 #include <QWidget>
 
 #include <array>
@@ -14,7 +16,7 @@ class KWGuestViewFilter;
 
 /// The panel above a list of guests: what to find in it and which columns it shows. The choice of
 /// columns is folded away at first. The list is not owned.
-class KWGuestViewFilterImpl : public QWidget
+class KWGuestViewFilterImpl : public QWidget, public KWPlanSettingsPanel
 {
     Q_OBJECT
 
@@ -25,23 +27,8 @@ public:
 
     void setView(KWGuestsListView *view);
 
-    /// Which columns are shown, in the order in which a plan file has them.
-    struct ShownColumns
-    {
-        bool displayName = true;
-        bool lastName = true;
-        bool vip = true;
-        bool title = true;
-        bool assigned = true;
-        bool accepted = true;
-        bool firstName = true;
-        bool locked = true;
-        bool meal = true;
-        bool notes = true;
-    };
-    /// Unlike the user's own choice this does not count as a change of the plan.
-    void setShownColumns(const ShownColumns &shown);
-    ShownColumns shownColumns() const;
+    void readSettings(const KWViewSettings &settings) override;
+    void writeSettings(KWViewSettings &settings) const override;
 
 public slots:
     void showDisplayNameChanged(bool on);

@@ -79,17 +79,7 @@ KWViewSettings KWPanes::viewSettings() const
     KWViewSettings settings = m_viewSettings;
     if (!m_leftTab)
         return settings;
-    const KWGuestViewFilterImpl::ShownColumns guests = m_leftTab->guestsFilter()->shownColumns();
-    settings.guests_show_display_name = guests.displayName;
-    settings.guests_show_last_name = guests.lastName;
-    settings.guests_show_vip = guests.vip;
-    settings.guests_show_title = guests.title;
-    settings.guests_show_assigned = guests.assigned;
-    settings.guests_show_accepted = guests.accepted;
-    settings.guests_show_first_name = guests.firstName;
-    settings.guests_show_locked = guests.locked;
-    settings.guests_show_meal = guests.meal;
-    settings.guests_show_notes = guests.notes;
+    m_leftTab->guestsFilter()->writeSettings(settings);
     const KWFloorPlanViewFilterImpl::Choices plan = m_topTab->floorPlanFilter()->choices();
     settings.floor_plan_name_order = plan.nameOrder;
     settings.floor_plan_show_seats = KWFloorPlanViewFilterImpl::indexOf(plan.seats);
@@ -114,16 +104,7 @@ void KWPanes::setViewSettings(const KWViewSettings &settings)
          .vip = settings.floor_plan_show_vip,
          .groups = settings.floor_plan_show_groups,
          .locked = settings.floor_plan_show_locked});
-    m_leftTab->guestsFilter()->setShownColumns({.displayName = settings.guests_show_display_name,
-                                                .lastName = settings.guests_show_last_name,
-                                                .vip = settings.guests_show_vip,
-                                                .title = settings.guests_show_title,
-                                                .assigned = settings.guests_show_assigned,
-                                                .accepted = settings.guests_show_accepted,
-                                                .firstName = settings.guests_show_first_name,
-                                                .locked = settings.guests_show_locked,
-                                                .meal = settings.guests_show_meal,
-                                                .notes = settings.guests_show_notes});
+    m_leftTab->guestsFilter()->readSettings(settings);
 }
 
 QList<KWView *> KWPanes::viewsToBlock() const

@@ -1,3 +1,4 @@
+#include "core/model/kwviewsettings.h"
 #include "gui/framework/kwviewandfilter.h"
 #include "gui/panes/kwguestviewfilterimpl.h"
 #include "support/gui/dialogtest.h"
@@ -190,30 +191,34 @@ private slots:
         QFETCH(int, column);
         FilteredList shown;
         shown.plan.setModified(false);
-        using Shown = KWGuestViewFilterImpl::ShownColumns;
+        using Shown = KWViewSettings;
         const QHash<QString, bool Shown::*> fields{
-            {s("m_displayNameCheckBox"), &Shown::displayName},
-            {s("m_titleCheckBox"), &Shown::title},
-            {s("m_firstNameCheckBox"), &Shown::firstName},
-            {s("m_lastNameCheckBox"), &Shown::lastName},
-            {s("m_assignedCheckBox"), &Shown::assigned},
-            {s("m_lockedCheckBox"), &Shown::locked},
-            {s("m_vipCheckBox"), &Shown::vip},
-            {s("m_acceptedCheckBox"), &Shown::accepted},
-            {s("m_mealCheckBox"), &Shown::meal},
-            {s("m_notesCheckBox"), &Shown::notes}};
+            {s("m_displayNameCheckBox"), &Shown::guests_show_display_name},
+            {s("m_titleCheckBox"), &Shown::guests_show_title},
+            {s("m_firstNameCheckBox"), &Shown::guests_show_first_name},
+            {s("m_lastNameCheckBox"), &Shown::guests_show_last_name},
+            {s("m_assignedCheckBox"), &Shown::guests_show_assigned},
+            {s("m_lockedCheckBox"), &Shown::guests_show_locked},
+            {s("m_vipCheckBox"), &Shown::guests_show_vip},
+            {s("m_acceptedCheckBox"), &Shown::guests_show_accepted},
+            {s("m_mealCheckBox"), &Shown::guests_show_meal},
+            {s("m_notesCheckBox"), &Shown::guests_show_notes}};
         Shown columns;
         columns.*fields[name] = false;
-        shown.filter.setShownColumns(columns);
+        shown.filter.readSettings(columns);
         QVERIFY(!shown.plan.isModified());
         for (const BoxRow &row : boxes()) {
             QCOMPARE(shown.box(s(row.name))->isChecked(), row.column != column);
             QCOMPARE(shown.list.columnWidth(row.column) > 0, row.column != column);
         }
-        const Shown now = shown.filter.shownColumns();
+        Shown now;
+        // What belongs to others is left alone.
+        now.groups_show_vip = false;
+        shown.filter.writeSettings(now);
+        QVERIFY(!now.groups_show_vip && now.groups_show_title);
         for (auto field = fields.cbegin(); field != fields.cend(); ++field)
             QCOMPARE(now.*field.value(), field.key() != name);
-        shown.filter.setShownColumns({});
+        shown.filter.readSettings({});
         QVERIFY(shown.list.columnWidth(column) > 0);
         QVERIFY(!shown.plan.isModified());
     }
