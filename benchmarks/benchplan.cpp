@@ -16,10 +16,16 @@ void addGuests(KWDocument &plan, int guests)
             group = plan.addGroup({}, QStringLiteral("Family %1").arg(i / groupSize), {});
         const QString first = QStringLiteral("First%1").arg(i);
         const QString last = QStringLiteral("Last%1").arg(i / groupSize);
-        plan.addGuest(first + u' ' + last, QStringLiteral("Mr"), first, last,
-                      QStringLiteral("Fish"), member == 0 ? KWGuest::Male : KWGuest::Female,
-                      member == 2 ? KWGuest::Child : KWGuest::Adult, false, {}, i % vipEvery == 0,
-                      true, group);
+        plan.addGuest({.display_name = first + u' ' + last,
+                       .title = QStringLiteral("Mr"),
+                       .first_name = first,
+                       .last_name = last,
+                       .meal = QStringLiteral("Fish"),
+                       .gender = member == 0 ? KWGuest::Male : KWGuest::Female,
+                       .age = member == 2 ? KWGuest::Child : KWGuest::Adult,
+                       .vip = i % vipEvery == 0,
+                       .accepted = true},
+                      group);
     }
 }
 

@@ -153,8 +153,9 @@ void insertGuest(benchmark::State &state)
 {
     fill(state);
     for (auto _ : state) {
-        KWGuest *guest = plan().addGuest(QStringLiteral("Ann"), {}, {}, QStringLiteral("Marlow"),
-                                         {}, 0, 0, false, {}, false, false, nullptr);
+        KWGuest *guest = plan().addGuest(
+            {.display_name = QStringLiteral("Ann"), .last_name = QStringLiteral("Marlow")},
+            nullptr);
         settle();
         state.PauseTiming();
         plan().deleteGuest(guest, false);

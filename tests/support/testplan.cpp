@@ -6,8 +6,12 @@
 
 KWGuest *addGuest(KWDocument &plan, const TestGuest &guest, KWGroup *group)
 {
-    return plan.addGuest(s(guest.name), {}, {}, {}, {}, guest.gender, guest.age, guest.locked, {},
-                         guest.vip, false, group);
+    return plan.addGuest({.display_name = s(guest.name),
+                          .gender = guest.gender,
+                          .age = guest.age,
+                          .locked = guest.locked,
+                          .vip = guest.vip},
+                         group);
 }
 
 QList<KWGuest *> addGuests(KWDocument &plan, int count)

@@ -64,7 +64,6 @@ KWDocument::KWDocument(const KWDocument &other)
 KWDocument &KWDocument::operator=(const KWDocument &other)
 {
     if (this != &other) {
-        const EventBlock block(*this);
         // The copy is whole before anything of this plan goes.
         KWDocument copy(other);
         m_tables.swap(copy.m_tables);
@@ -134,27 +133,10 @@ void KWDocument::clear()
     m_guestOfWishId.clear();
     m_affinities.clear();
 
-    const KWPlanFields fresh;
-    m_fields.room_x_size = fresh.room_x_size;
-    m_fields.room_y_size = fresh.room_y_size;
-    m_fields.chair_size = fresh.chair_size;
-    m_fields.event = fresh.event;
-    m_fields.venue = fresh.venue;
-    m_fields.date = fresh.date;
-    m_fields.fixed_cost = fresh.fixed_cost;
-    m_fields.adult_cost = fresh.adult_cost;
-    m_fields.child_cost = fresh.child_cost;
-    m_fields.notes = fresh.notes;
-    m_fields.print_header_text = fresh.print_header_text;
-    m_fields.print_header_font = fresh.print_header_font;
+    static_cast<KWPlanFacts &>(m_fields) = KWPlanFacts();
+    // A plan that was never cleared has no colours for them yet.
     m_fields.print_header_colour = Qt::black;
-    m_fields.print_footer_text = fresh.print_footer_text;
-    m_fields.print_footer_font = fresh.print_footer_font;
     m_fields.print_footer_colour = Qt::black;
-    m_fields.print_margin = fresh.print_margin;
-    m_fields.print_orientation = fresh.print_orientation;
-    m_fields.header_position = fresh.header_position;
-    m_fields.footer_position = fresh.footer_position;
     m_history.clear();
     m_modified = false;
     emit eventModified();
@@ -181,7 +163,7 @@ void KWDocument::appendHistory(const QString &text)
 }
 
 template <typename Value>
-void KWDocument::setFact(Value KWPlanFields::*field, const Value &value)
+void KWDocument::setFact(Value KWPlanFacts::*field, const Value &value)
 {
     m_modified = true;
     m_fields.*field = value;

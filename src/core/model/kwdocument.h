@@ -13,8 +13,6 @@
 #include <QPair>
 #include <QStringList>
 
-#include <vector>
-
 /// The plan: it owns all guests, groups and tables and is the one place through which they are
 /// changed. Every change marks the plan as modified, rescores it when asked to, and fires the
 /// events that views follow, eventModified() last.
@@ -155,18 +153,14 @@ public:
     KWTable *addTable(int shape, const QString &name, int count1, int count2, int count3,
                       int count4, const QPoint &position, const QString &notes);
     /// `group` may be null: the guest then has none until moveGuestToGroup().
-    KWGuest *addGuest(const QString &displayName, const QString &title, const QString &firstName,
-                      const QString &lastName, const QString &meal, int gender, int age,
-                      bool locked, const QString &notes, bool vip, bool accepted, KWGroup *group);
+    KWGuest *addGuest(const KWGuestValues &values, KWGroup *group);
     KWGroup *addGroup(const KWContact &contact, const QString &name, const QString &notes);
     void deleteGuest(KWGuest *guest, bool rescore);
     void deleteTable(KWTable *table, bool rescore);
     /// Deletes the group's members, too.
     void deleteGroup(KWGroup *group, bool rescore);
 
-    void editGuest(KWGuest *guest, const QString &displayName, const QString &title,
-                   const QString &firstName, const QString &lastName, const QString &meal,
-                   int gender, int age, bool locked, const QString &notes, bool vip, bool accepted);
+    void editGuest(KWGuest *guest, const KWGuestValues &values);
     void editGroup(KWGroup *group, const KWContact &contact, const QString &name,
                    const QString &notes);
     void moveGuestToGroup(KWGroup *group, KWGuest *guest);
@@ -197,7 +191,7 @@ public:
     /// Any value but KWScore::Neutral is stored as it comes.
     void setAffinity(KWGuest *a, KWGuest *b, int value, bool rescore);
 
-    /// Makes this a new plan. The grid, units, floor plan and chart looks stay as they are.
+    /// Makes this a new plan, of which the KWPlanLooks stay as they are.
     void clear();
     void announceClear() { emit eventClear(); }
     void announceRefresh() { emit eventRefresh(); }
@@ -315,7 +309,7 @@ public:
     /// What the guest would score on this seat, with the table as it stands.
     KWSeatScore seatContribution(const KWTable *table, int seat, const KWGuest *guest) const;
 
-    // Seating everybody, for the solver.
+    // Seating everybody, for the solver; by KWGreedySeating.
     /// Turns everybody out who is not locked and seats as many as there are seats for: each table
     /// gets one guest by chance and grows greedily around that guest. Rescores.
     void randomLayout();
@@ -371,10 +365,11 @@ signals:
     void error(const QString &message);
 
 private:
+    friend class KWGreedySeating;
     friend class KWPlanReader;
 
     template <typename Value>
-    void setFact(Value KWPlanFields::*field, const Value &value);
+    void setFact(Value KWPlanFacts::*field, const Value &value);
     void reportModified();
     void copyGuests(const KWDocument &other);
     void copyGroups(const KWDocument &other);
@@ -382,16 +377,6 @@ private:
     bool fitToShape(KWTable *table, int count1, int count2, int count3, int count4);
     void resizeSides(KWTable *table, const KWTable::Sides &sides, int seats, bool rescore);
     void resizeSeats(KWTable *table, int count, bool rescore);
-    /// Points of a seat that do not depend on wishes: for being alone, and for the neighbours'
-    /// genders.
-    int neighbourPoints(const KWTable *table, int seat, const KWGuest *guest) const;
-    /// Adds to `points`, by wish number, what the wishes of the table's guests would be worth to
-    /// others on the seat; with a `sign` of -1 takes the same away.
-    void addWishPoints(const KWTable *table, int seat, int sign, std::vector<int> &points) const;
-    /// `points` has an element for each wish number; all are 0 before and after.
-    KWGuest *bestGuestForSeat(const KWTable *table, int seat, const QList<KWGuest *> &candidates,
-                              std::vector<int> &points) const;
-    int bestWaitingPartner(const KWGuest *guest, int candidateCount) const;
     KWGuest *guestOfWish(int id) const
     {
         return id >= 0 && id < m_guestOfWishId.size() ? m_guestOfWishId.at(id) : nullptr;

@@ -7,15 +7,11 @@ void KWDocument::reportModified()
     emit eventModified();
 }
 
-KWGuest *KWDocument::addGuest(const QString &displayName, const QString &title,
-                              const QString &firstName, const QString &lastName,
-                              const QString &meal, int gender, int age, bool locked,
-                              const QString &notes, bool vip, bool accepted, KWGroup *group)
+KWGuest *KWDocument::addGuest(const KWGuestValues &values, KWGroup *group)
 {
     const auto wishId = m_guestOfWishId.size();
     m_guestOfWishId.append(nullptr);
-    KWGuest *guest = m_guests.append(displayName, title, firstName, lastName, meal, gender, age,
-                                     locked, notes, vip, accepted);
+    KWGuest *guest = m_guests.append(values);
     guest->m_wishId = static_cast<int>(wishId);
     m_guestOfWishId[wishId] = guest;
     if (m_groups.contains(group)) {
@@ -80,30 +76,17 @@ void KWDocument::deleteGroup(KWGroup *group, bool rescore)
     emit eventModified();
 }
 
-void KWDocument::editGuest(KWGuest *guest, const QString &displayName, const QString &title,
-                           const QString &firstName, const QString &lastName, const QString &meal,
-                           int gender, int age, bool locked, const QString &notes, bool vip,
-                           bool accepted)
+void KWDocument::editGuest(KWGuest *guest, const KWGuestValues &values)
 {
     if (!m_guests.contains(guest))
         return;
-    const bool rescore = guest->gender() != gender || guest->isVip() != vip;
-    bool changed = change(guest, guest->displayName(), &KWGuest::setDisplayName, displayName);
-    changed |= change(guest, guest->title(), &KWGuest::setTitle, title);
-    changed |= change(guest, guest->firstName(), &KWGuest::setFirstName, firstName);
-    changed |= change(guest, guest->lastName(), &KWGuest::setLastName, lastName);
-    changed |= change(guest, guest->meal(), &KWGuest::setMeal, meal);
-    changed |= change(guest, guest->gender(), &KWGuest::setGender, gender);
-    changed |= change(guest, guest->age(), &KWGuest::setAge, age);
-    changed |= change(guest, guest->isLocked(), &KWGuest::setLocked, locked);
-    changed |= changeNotes(guest, notes);
-    changed |= change(guest, guest->isVip(), &KWGuest::setVip, vip);
-    changed |= change(guest, guest->isAccepted(), &KWGuest::setAccepted, accepted);
-    if (!changed)
+    const KWGuestValues before = guest->values();
+    if (values == before)
         return;
+    guest->setValues(values);
     emit eventEditGuest(guest);
     m_modified = true;
-    if (rescore)
+    if (values.gender != before.gender || values.vip != before.vip)
         recalculateScores();
     emit eventModified();
 }

@@ -57,10 +57,14 @@ KWGuest *KWDocument::memberAt(const KWGroup *group, int index) const
 
 bool KWDocument::findGuest(const KWGuest *guest, KWTable **table, int *seat) const
 {
-    if (!m_guests.contains(guest) || !m_tables.contains(guest->m_table))
+    if (!m_guests.contains(guest))
+        return false;
+    // Nothing but tables has seats.
+    auto *holder = static_cast<KWTable *>(guest->m_table);
+    if (!m_tables.contains(holder))
         return false;
     if (table)
-        *table = guest->m_table;
+        *table = holder;
     store(seat, guest->m_seat);
     return true;
 }

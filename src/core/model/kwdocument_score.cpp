@@ -1,32 +1,7 @@
 #include "core/model/kwdocument.h"
+#include "core/model/kwseatrule.h"
 
 #include <numeric>
-
-namespace {
-/// What a guest's neighbour brings the guest: nothing without one.
-int genderPoints(const KWGuest *guest, const KWGuest *neighbour, double weight)
-{
-    const bool alternate = neighbour && guest->gender() != KWGuest::Undefined &&
-                           neighbour->gender() != KWGuest::Undefined &&
-                           guest->gender() != neighbour->gender();
-    return alternate ? KWScore::rounded(KWScore::genderAlternation * weight) : 0;
-}
-
-int alonePoints(const KWGuest *left, const KWGuest *right, double weight)
-{
-    return left || right ? 0 : KWScore::rounded(KWScore::alone * weight);
-}
-
-/// What a wish is worth to a guest between `left` and `right` for another guest of the table. On a
-/// ring of two, the other guest is the neighbour on both sides.
-int wishPoints(int value, const KWGuest *other, const KWGuest *left, const KWGuest *right,
-               double weight)
-{
-    const int sides = (other == right ? 1 : 0) + (other == left ? 1 : 0);
-    return sides > 0 ? sides * KWScore::rounded(KWScore::nextTo[value] * weight)
-                     : KWScore::rounded(KWScore::sameTable[value] * weight);
-}
-} // namespace
 
 int KWDocument::affinity(const KWGuest *a, const KWGuest *b) const
 {
@@ -97,51 +72,18 @@ int KWDocument::seatScore(const KWTable *table, int seat, int entry) const
 
 KWSeatScore KWDocument::seatContribution(const KWTable *table, int seat, const KWGuest *guest) const
 {
-    const double weight = KWScore::weight(guest->isVip());
-    const KWGuest *left = table->leftNeighbour(seat);
-    const KWGuest *right = table->rightNeighbour(seat);
+    const KWSeatRule rule(*table, seat);
     KWSeatScore score{};
-    score[KWScore::AloneEntry] = alonePoints(left, right, weight);
-    score[KWScore::GenderEntry] =
-        genderPoints(guest, right, weight) + genderPoints(guest, left, weight);
+    score[KWScore::AloneEntry] = rule.alonePoints(*guest);
+    score[KWScore::GenderEntry] = rule.genderPoints(*guest);
     // Only wishes give points, so the guest's wishes are walked and not the table's seats.
     for (const auto &wish : m_affinities.wishesOf(guest->m_wishId)) {
         const int entry = KWScore::entryOf(wish.value);
         const KWGuest *other = guestOfWish(wish.other);
-        if (entry < 0 || other->m_table != table)
-            continue;
-        if (other != guest || other == left || other == right)
-            score[static_cast<std::size_t>(entry)] +=
-                wishPoints(wish.value, other, left, right, weight);
+        if (entry >= 0 && other->m_table == table)
+            score[static_cast<std::size_t>(entry)] += rule.wishPoints(*guest, *other, wish.value);
     }
     score[KWScore::TotalEntry] =
         std::accumulate(score.begin(), score.begin() + KWScore::TotalEntry, 0);
     return score;
-}
-
-int KWDocument::neighbourPoints(const KWTable *table, int seat, const KWGuest *guest) const
-{
-    const double weight = KWScore::weight(guest->isVip());
-    const KWGuest *left = table->leftNeighbour(seat);
-    const KWGuest *right = table->rightNeighbour(seat);
-    return alonePoints(left, right, weight) + genderPoints(guest, right, weight) +
-           genderPoints(guest, left, weight);
-}
-
-void KWDocument::addWishPoints(const KWTable *table, int seat, int sign,
-                               std::vector<int> &points) const
-{
-    const KWGuest *left = table->leftNeighbour(seat);
-    const KWGuest *right = table->rightNeighbour(seat);
-    // Few sit at the table and many wait, so the wishes are walked from those who sit.
-    for (const KWGuest *other : table->seats()) {
-        if (!other)
-            continue;
-        for (const auto &wish : m_affinities.wishesOf(other->m_wishId)) {
-            if (KWScore::entryOf(wish.value) >= 0)
-                points[static_cast<std::size_t>(wish.other)] +=
-                    sign * wishPoints(wish.value, other, left, right,
-                                      KWScore::weight(guestOfWish(wish.other)->isVip()));
-        }
-    }
 }

@@ -1,7 +1,8 @@
 #include "core/model/kwguest.h"
 
-#include "core/model/kwtable.h"
+#include "core/model/kwseatholder.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QTextBoundaryFinder>
 
@@ -12,11 +13,13 @@ constexpr std::array<QLatin1StringView, 3> genderWords{
     QLatin1StringView("Undefined"), QLatin1StringView("Male"), QLatin1StringView("Female")};
 constexpr std::array<QLatin1StringView, 2> ageWords{QLatin1StringView("adult"),
                                                     QLatin1StringView("child")};
-constexpr std::array<QLatin1StringView, KWGuest::NameOrderCount> nameOrderWords{
-    QLatin1StringView("DisplayName"),  QLatin1StringView("Last, First"),
-    QLatin1StringView("Last, F."),     QLatin1StringView("First Last"),
-    QLatin1StringView("F. Last"),      QLatin1StringView("Title First Last"),
-    QLatin1StringView("Title F. Last")};
+constexpr std::array<const char *, KWGuest::NameOrderCount> nameOrderWords{
+    QT_TRANSLATE_NOOP("KWGuest", "DisplayName"),  QT_TRANSLATE_NOOP("KWGuest", "Last, First"),
+    QT_TRANSLATE_NOOP("KWGuest", "Last, F."),     QT_TRANSLATE_NOOP("KWGuest", "First Last"),
+    QT_TRANSLATE_NOOP("KWGuest", "F. Last"),      QT_TRANSLATE_NOOP("KWGuest", "Title First Last"),
+    QT_TRANSLATE_NOOP("KWGuest", "Title F. Last")};
+/// Room for a letter with all its marks and joiners, in code units.
+constexpr int longestLetter = 64;
 
 template <std::size_t N>
 QString wordAt(const std::array<QLatin1StringView, N> &words, int index)
@@ -31,16 +34,23 @@ QString joined(const QString &a, QLatin1StringView separator, const QString &b)
 }
 } // namespace
 
-KWGuest::KWGuest(const QString &displayName, const QString &title, const QString &firstName,
-                 const QString &lastName, const QString &meal, int gender, int age, bool locked,
-                 const QString &notes, bool vip, bool accepted)
-    : KWObject(notes)
-    , m_texts(new Texts{{}, displayName, title, firstName, lastName, meal})
-    , m_gender(gender)
-    , m_age(age)
-    , m_locked(locked)
-    , m_vip(vip)
-    , m_accepted(accepted)
+KWGuest::Texts::Texts(const KWGuestValues &values)
+    : display_name(values.display_name)
+    , title(values.title)
+    , first_name(values.first_name)
+    , last_name(values.last_name)
+    , meal(values.meal)
+{
+}
+
+KWGuest::KWGuest(const KWGuestValues &values)
+    : KWObject(values.notes)
+    , m_texts(new Texts(values))
+    , m_gender(values.gender)
+    , m_age(values.age)
+    , m_locked(values.locked)
+    , m_vip(values.vip)
+    , m_accepted(values.accepted)
 {
 }
 
@@ -58,7 +68,35 @@ KWGuest::KWGuest(const KWGuest &other)
 KWGuest::~KWGuest()
 {
     if (m_table)
-        m_table->setGuest(m_seat, nullptr);
+        m_table->emptySeat(m_seat);
+}
+
+KWGuestValues KWGuest::values() const
+{
+    return {.display_name = displayName(),
+            .title = title(),
+            .first_name = firstName(),
+            .last_name = lastName(),
+            .meal = meal(),
+            .gender = m_gender,
+            .age = m_age,
+            .locked = m_locked,
+            .notes = notes(),
+            .vip = m_vip,
+            .accepted = m_accepted};
+}
+
+void KWGuest::setValues(const KWGuestValues &values)
+{
+    m_texts = new Texts(values);
+    if (values.gender != m_gender || values.vip != m_vip)
+        outdateScores();
+    m_gender = values.gender;
+    m_age = values.age;
+    m_locked = values.locked;
+    setNotes(values.notes);
+    m_vip = values.vip;
+    m_accepted = values.accepted;
 }
 
 void KWGuest::setGender(int gender)
@@ -105,7 +143,7 @@ QString KWGuest::initial() const
 {
     if (firstName().isEmpty())
         return {};
-    const QString stripped = firstName().trimmed();
+    const QString stripped = firstName().trimmed().left(longestLetter);
     // A letter may be made of several code units: a surrogate pair, or a letter and its accent.
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, stripped);
     const qsizetype end = stripped.isEmpty() ? 0 : finder.toNextBoundary();
@@ -158,12 +196,15 @@ int KWGuest::ageFromString(const QString &word)
 
 QString KWGuest::nameOrderToString(int order)
 {
-    return wordAt(nameOrderWords, order);
+    return nameOrders().value(order);
 }
 
 QStringList KWGuest::nameOrders()
 {
-    return {nameOrderWords.begin(), nameOrderWords.end()};
+    QStringList result;
+    for (const char *word : nameOrderWords)
+        result.append(QCoreApplication::translate("KWGuest", word));
+    return result;
 }
 
 QString KWGuest::composeDisplayName(const QString &title, const QString &first, const QString &last)

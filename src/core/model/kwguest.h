@@ -1,12 +1,13 @@
 #pragma once
 
+#include "core/model/kwguestvalues.h"
 #include "core/model/kwobject.h"
 
 #include <QSharedData>
 #include <QStringList>
 
 class KWGroup;
-class KWTable;
+class KWSeatHolder;
 
 /// A guest of a plan. Owned by the guest list of the KWDocument it was added to.
 ///
@@ -29,9 +30,7 @@ public:
         NameOrderCount
     };
 
-    KWGuest(const QString &displayName, const QString &title, const QString &firstName,
-            const QString &lastName, const QString &meal, int gender, int age, bool locked,
-            const QString &notes, bool vip, bool accepted);
+    explicit KWGuest(const KWGuestValues &values);
     /// Copies everything but the group and the seat: the copier links the copy to its own.
     KWGuest(const KWGuest &other);
     KWGuest &operator=(const KWGuest &) = delete;
@@ -48,6 +47,7 @@ public:
     bool isLocked() const { return m_locked; }
     bool isVip() const { return m_vip; }
     bool isAccepted() const { return m_accepted; }
+    KWGuestValues values() const;
     /// Null until the document links the guest to a group.
     KWGroup *group() const { return m_group; }
 
@@ -61,6 +61,7 @@ public:
     void setLocked(bool locked) { m_locked = locked; }
     void setVip(bool vip);
     void setAccepted(bool accepted) { m_accepted = accepted; }
+    void setValues(const KWGuestValues &values);
     void setGroup(KWGroup *group) { m_group = group; }
 
     /// The guest's name in a name order, stripped; empty for a value that is no name order.
@@ -83,7 +84,9 @@ public:
     static int genderFromString(const QString &word);
     static int ageFromString(const QString &word);
 
+    /// The word of a name order for people to read, translated; empty when out of range.
     static QString nameOrderToString(int order);
+    /// All of them in their order.
     static QStringList nameOrders();
 
     /// Proposes a display name: title, first and last name, each stripped, with blanks between.
@@ -93,6 +96,7 @@ public:
 
 private:
     friend class KWDocument;
+    friend class KWGreedySeating;
     friend class KWTable;
 
     /// The scores of the guest's table no longer hold.
@@ -100,6 +104,8 @@ private:
 
     struct Texts : QSharedData
     {
+        explicit Texts(const KWGuestValues &values);
+
         QString display_name;
         QString title;
         QString first_name;
@@ -109,7 +115,8 @@ private:
 
     QSharedDataPointer<Texts> m_texts;
     KWGroup *m_group = nullptr;
-    KWTable *m_table = nullptr;
+    /// The table of m_seat; null without a seat.
+    KWSeatHolder *m_table = nullptr;
     int m_seat = -1;
     int m_wishId = -1;
     int m_gender;

@@ -5,14 +5,9 @@
 #include <QFont>
 #include <QString>
 
-/// The facts, sizes, colours, fonts and print set-up of a plan: what a plan holds beside its
-/// guests, groups, tables and wishes. The fields bear the names that they have in a plan file.
-struct KWPlanFields
+/// What belongs to the one event: a new plan starts it afresh.
+struct KWPlanFacts
 {
-    enum Units { Metres, Feet };
-
-    /// The version of the plan files that this program writes.
-    static constexpr int fileVersion = 2;
     static constexpr double defaultRoomSize = 20.0;
     /// Plan files hold sizes in single precision, and so does this.
     static constexpr double defaultChairSize = static_cast<double>(0.6F);
@@ -28,8 +23,6 @@ struct KWPlanFields
     double room_x_size = defaultRoomSize;
     double room_y_size = defaultRoomSize;
     double chair_size = defaultChairSize;
-    bool show_grid = false;
-    int units = Metres;
     QString print_header_text;
     QFont print_header_font;
     QColor print_header_colour;
@@ -40,6 +33,15 @@ struct KWPlanFields
     bool print_orientation = true;
     int header_position = 0;
     int footer_position = 0;
+};
+
+/// How plans are shown and measured: a new plan keeps it while the program runs.
+struct KWPlanLooks
+{
+    enum Units { Metres, Feet };
+
+    bool show_grid = false;
+    int units = Metres;
     QColor floorplan_colour_seats = Qt::white;
     QColor floorplan_colour_seats_edge = Qt::black;
     QColor floorplan_colour_tables = Qt::white;
@@ -49,6 +51,7 @@ struct KWPlanFields
     QColor floorplan_colour_seats_text = Qt::black;
     QColor floorplan_colour_table_text = Qt::black;
     QFont floor_plan_font;
+    /// Invalid while the plan has no colour of its own for selected things.
     QColor floorplan_colour_selected;
     QFont table_chart_font;
     QColor table_chart_colour_text = Qt::black;
@@ -56,4 +59,12 @@ struct KWPlanFields
     QFont guest_chart_font;
     QColor guest_chart_colour_text = Qt::black;
     QColor guest_chart_colour_background = Qt::white;
+};
+
+/// What a plan holds beside its guests, groups, tables and wishes. The fields bear the names that
+/// they have in a plan file.
+struct KWPlanFields : KWPlanFacts, KWPlanLooks
+{
+    /// The version of the plan files that this program writes.
+    static constexpr int fileVersion = 2;
 };

@@ -347,10 +347,18 @@ void KWPlanReader::buildGuest(KWDocument &document, const GuestRecord &record)
     KWGroup *group = document.groupAt(isNumber ? index : 0);
     if (!group)
         return;
-    document.addGuest(record[DisplayName], record[Title], record[FirstName], record[LastName],
-                      record[Meal], KWGuest::genderFromString(record[Gender]),
-                      KWGuest::ageFromString(record[Age]), toBool(record[Locked]),
-                      record[GuestNotes], toBool(record[Vip]), toBool(record[Accepted]), group);
+    document.addGuest({.display_name = record[DisplayName],
+                       .title = record[Title],
+                       .first_name = record[FirstName],
+                       .last_name = record[LastName],
+                       .meal = record[Meal],
+                       .gender = KWGuest::genderFromString(record[Gender]),
+                       .age = KWGuest::ageFromString(record[Age]),
+                       .locked = toBool(record[Locked]),
+                       .notes = record[GuestNotes],
+                       .vip = toBool(record[Vip]),
+                       .accepted = toBool(record[Accepted])},
+                      group);
 }
 
 void KWPlanReader::buildTable(KWDocument &document, const TableRecord &record)

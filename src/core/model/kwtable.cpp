@@ -6,7 +6,7 @@
 
 KWTable::KWTable(int shape, const QString &name, int count1, int count2, int count3, int count4,
                  const QPoint &position, const QString &notes)
-    : KWObject(notes)
+    : KWSeatHolder(notes)
     , m_name(name)
     , m_seats(static_cast<std::size_t>(seatCountFor(shape, count1, count2, count3, count4)))
     , m_shape(shape)
@@ -20,7 +20,7 @@ KWTable::KWTable(int shape, const QString &name, int count1, int count2, int cou
 }
 
 KWTable::KWTable(const KWTable &other)
-    : KWObject(other)
+    : KWSeatHolder(other)
     , m_name(other.m_name)
     , m_seats(other.m_seats.size())
     , m_seats_across(other.m_seats_across)
@@ -61,7 +61,7 @@ void KWTable::setScores(const QList<KWSeatScore> &seatScores, int score)
 {
     m_seat_scores = seatScores;
     m_score = score;
-    m_scores_current = true;
+    markScoresCurrent();
 }
 
 bool KWTable::allGuestsLocked() const

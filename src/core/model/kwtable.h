@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/model/kwobject.h"
 #include "core/model/kwscore.h"
+#include "core/model/kwseatholder.h"
 
 #include <QList>
 #include <QPoint>
@@ -16,7 +16,7 @@ class KWGuest;
 ///
 /// Seats are numbered from 0. Whoever puts a guest on a seat here must have taken them off any
 /// other seat: the guest remembers only the last one. In a plan, KWDocument::assignGuest does so.
-class KWTable final : public KWObject
+class KWTable final : public KWSeatHolder
 {
 public:
     enum Shape {
@@ -57,8 +57,6 @@ public:
     const QList<KWSeatScore> &seatScores() const { return m_seat_scores; }
     /// The sum of the seat totals, as of the last rescore.
     int score() const { return m_score; }
-    /// True while nothing that the scores depend on has changed since they were set.
-    bool areScoresCurrent() const { return m_scores_current; }
 
     void setName(const QString &name) { m_name = name; }
     void setShape(int shape);
@@ -66,8 +64,6 @@ public:
     void setSides(const Sides &sides);
     void setPosition(const QPoint &position) { m_position = position; }
     void setScores(const QList<KWSeatScore> &seatScores, int score);
-    /// For whoever changes what the scores depend on; the table sees to its own seats and shape.
-    void outdateScores() { m_scores_current = false; }
 
     int seatCount() const { return static_cast<int>(m_seats.size()); }
     int seatedCount() const { return m_seated; }
@@ -97,6 +93,7 @@ public:
     /// Puts a guest on a seat, or empties it with null; whoever sat there is unseated. A seat
     /// that does not exist is ignored. Changes nothing else.
     void setGuest(int seat, KWGuest *guest);
+    void emptySeat(int seat) override { setGuest(seat, nullptr); }
     /// Sets the number of seats at the end: new ones are empty, guests on lost ones unseated.
     /// The scores get as many elements; new ones are zero.
     void setSeatCount(int count);
@@ -131,5 +128,4 @@ private:
     QPoint m_position;
     QList<KWSeatScore> m_seat_scores;
     int m_score = 0;
-    bool m_scores_current = false;
 };

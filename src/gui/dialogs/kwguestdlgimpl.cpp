@@ -96,7 +96,7 @@ void KWGuestDlgImpl::setUpEditGuest()
     remove(m_ui->m_addPushButton);
     m_ui->m_okPushButton->setDefault(true);
     fillChoices();
-    fillGuest();
+    m_ui->m_guestWidget->setValues(m_guest->values());
     if (m_guest->group()) {
         fillGroup(*m_guest->group());
     } else {
@@ -124,22 +124,6 @@ void KWGuestDlgImpl::fillChoices()
 {
     m_ui->m_guestWidget->setTitleChoices(m_document->titles());
     m_ui->m_guestWidget->setMealChoices(m_document->meals());
-}
-
-void KWGuestDlgImpl::fillGuest()
-{
-    KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
-    form.setTitle(m_guest->title());
-    form.setFirstName(m_guest->firstName());
-    form.setLastName(m_guest->lastName());
-    form.setDisplayName(m_guest->displayName());
-    form.setGender(m_guest->gender());
-    form.setAge(m_guest->age());
-    form.setMeal(m_guest->meal());
-    form.setNotes(m_guest->notes());
-    form.setVip(m_guest->isVip());
-    form.setAccepted(m_guest->isAccepted());
-    form.setLocked(m_guest->isLocked());
 }
 
 void KWGuestDlgImpl::fillGroup(const KWGroup &group)
@@ -237,19 +221,27 @@ bool KWGuestDlgImpl::apply()
         editGroup(m_group);
         return true;
     }
-    if (!hasName() || !mayHaveThisName())
+    const KWGuestValues values = enteredValues();
+    if (!hasName(values) || !mayHaveThisName(values))
         return false;
     if (m_guest)
-        editGuest();
+        editGuest(values);
     else
-        insertGuest();
+        insertGuest(values);
     return true;
 }
 
-bool KWGuestDlgImpl::hasName()
+KWGuestValues KWGuestDlgImpl::enteredValues() const
 {
-    const KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
-    if (!form.firstName().trimmed().isEmpty() || !form.lastName().trimmed().isEmpty())
+    KWGuestValues values = m_ui->m_guestWidget->values();
+    values.first_name = values.first_name.trimmed();
+    values.last_name = values.last_name.trimmed();
+    return values;
+}
+
+bool KWGuestDlgImpl::hasName(const KWGuestValues &values)
+{
+    if (!values.first_name.isEmpty() || !values.last_name.isEmpty())
         return true;
     m_ui->m_tabWidget->setCurrentWidget(m_ui->m_guestPage);
     m_ui->m_guestWidget->focusFirstName();
@@ -258,44 +250,37 @@ bool KWGuestDlgImpl::hasName()
 }
 
 /// Asks if another guest has the same names, unless the user has switched that off.
-bool KWGuestDlgImpl::mayHaveThisName() const
+bool KWGuestDlgImpl::mayHaveThisName(const KWGuestValues &values) const
 {
-    const KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
-    const QString first = form.firstName().trimmed();
-    const QString last = form.lastName().trimmed();
     KWMainWindow *window = mainWin();
-    if (!window || !m_document->guestExists(form.title(), first, last, m_guest))
+    if (!window ||
+        !m_document->guestExists(values.title, values.first_name, values.last_name, m_guest))
         return true;
-    const QString name = u"%1 %2 %3"_s.arg(form.title(), first, last).trimmed();
+    const QString name =
+        u"%1 %2 %3"_s.arg(values.title, values.first_name, values.last_name).trimmed();
     return configurableWarning(window->userSettings(), u"warning/duplicate_guest"_s,
                                tr("Allow guest with duplicate name '%1'?").arg(name)) == 0;
 }
 
-void KWGuestDlgImpl::insertGuest()
+void KWGuestDlgImpl::insertGuest(const KWGuestValues &values)
 {
-    const KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
     beginBusy();
     saveUndoState(tr("Insert guest"));
     KWGroup *group =
         m_document->addGroup(m_ui->m_contactWidget->contact(), m_ui->m_groupWidget->name(),
                              m_ui->m_groupWidget->notes());
-    m_document->addGuest(form.displayName(), form.title(), form.firstName().trimmed(),
-                         form.lastName().trimmed(), form.meal(), form.gender(), form.age(),
-                         form.isLocked(), form.notes(), form.isVip(), form.isAccepted(), group);
+    m_document->addGuest(values, group);
     endBusy();
     // Whoever listens may have put the guest elsewhere, and the group away.
     if (m_document->groups().contains(group) && group->guestCount() == 0)
         m_document->deleteGroup(group, false);
 }
 
-void KWGuestDlgImpl::editGuest()
+void KWGuestDlgImpl::editGuest(const KWGuestValues &values)
 {
-    const KWGuestWidgetImpl &form = *m_ui->m_guestWidget;
     const KWBusy busy;
     saveUndoState(tr("Edit guest"));
-    m_document->editGuest(m_guest, form.displayName(), form.title(), form.firstName().trimmed(),
-                          form.lastName().trimmed(), form.meal(), form.gender(), form.age(),
-                          form.isLocked(), form.notes(), form.isVip(), form.isAccepted());
+    m_document->editGuest(m_guest, values);
     if (m_guest->group())
         editGroup(m_guest->group());
 }

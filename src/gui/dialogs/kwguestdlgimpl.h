@@ -8,6 +8,7 @@ class KWContact;
 class KWDocument;
 class KWGroup;
 class KWGuest;
+struct KWGuestValues;
 
 namespace Ui {
 class KWGuestDlg;
@@ -49,7 +50,6 @@ private:
     void setUpEditGuest();
     void setUpEditGroup();
     void remove(QWidget *part);
-    void fillGuest();
     void fillGroup(const KWGroup &group);
     void fillChoices();
     void setDefaultFocus();
@@ -58,10 +58,12 @@ private:
     void alignFields();
     void fitToScreen();
 
-    bool hasName();
-    bool mayHaveThisName() const;
-    void insertGuest();
-    void editGuest();
+    /// The values of the form, first and last name stripped.
+    KWGuestValues enteredValues() const;
+    bool hasName(const KWGuestValues &values);
+    bool mayHaveThisName(const KWGuestValues &values) const;
+    void insertGuest(const KWGuestValues &values);
+    void editGuest(const KWGuestValues &values);
     void editGroup(KWGroup *group);
 
     std::unique_ptr<Ui::KWGuestDlg> m_ui;

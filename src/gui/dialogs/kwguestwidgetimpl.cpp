@@ -123,6 +123,37 @@ void KWGuestWidgetImpl::removeLocked()
     m_ui->m_lockedCheckBox->setParent(&m_removed);
 }
 
+KWGuestValues KWGuestWidgetImpl::values() const
+{
+    return {.display_name = displayName(),
+            .title = title(),
+            .first_name = firstName(),
+            .last_name = lastName(),
+            .meal = meal(),
+            .gender = gender(),
+            .age = age(),
+            .locked = isLocked(),
+            .notes = notes(),
+            .vip = isVip(),
+            .accepted = isAccepted()};
+}
+
+void KWGuestWidgetImpl::setValues(const KWGuestValues &values)
+{
+    // The title may work out gender and age, and the names the display name.
+    setTitle(values.title);
+    setFirstName(values.first_name);
+    setLastName(values.last_name);
+    setDisplayName(values.display_name);
+    setGender(values.gender);
+    setAge(values.age);
+    setMeal(values.meal);
+    setNotes(values.notes);
+    setVip(values.vip);
+    setAccepted(values.accepted);
+    setLocked(values.locked);
+}
+
 QString KWGuestWidgetImpl::title() const
 {
     return m_ui->m_titleCombo->currentText();

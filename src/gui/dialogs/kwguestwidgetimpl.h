@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/model/kwguestvalues.h"
+
 #include <QWidget>
 
 #include <memory>
@@ -27,6 +29,10 @@ public:
     void setMealChoices(const QStringList &meals);
     /// Unticks the box and takes it out of the form for good.
     void removeLocked();
+
+    /// All of the form.
+    KWGuestValues values() const;
+    void setValues(const KWGuestValues &values);
 
     QString title() const;
     void setTitle(const QString &title);

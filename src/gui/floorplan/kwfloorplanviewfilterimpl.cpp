@@ -89,9 +89,12 @@ void KWFloorPlanViewFilterImpl::connectChoices()
 
 void KWFloorPlanViewFilterImpl::fillNameOrders()
 {
-    QComboBox *box = m_ui->m_nameOrderComboBox;
-    box->addItems(KWGuest::nameOrders());
-    box->addItem(tr("Seat reference"));
+    m_ui->m_nameOrderComboBox->addItems(nameOrders());
+}
+
+QStringList KWFloorPlanViewFilterImpl::nameOrders()
+{
+    return KWGuest::nameOrders() + QStringList(tr("Seat reference"));
 }
 
 KWCanvas::SeatDisplay KWFloorPlanViewFilterImpl::seatDisplayOf(int index)
@@ -356,7 +359,9 @@ void KWFloorPlanViewFilterImpl::changeColours()
 void KWFloorPlanViewFilterImpl::languageChange()
 {
     m_ui->retranslateUi(this);
-    m_ui->m_nameOrderComboBox->setItemText(KWFloorPlanText::seatNumbers, tr("Seat reference"));
+    const QStringList orders = nameOrders();
+    for (int i = 0; i < orders.size(); ++i)
+        m_ui->m_nameOrderComboBox->setItemText(i, orders.at(i));
 }
 
 void KWFloorPlanViewFilterImpl::changeEvent(QEvent *event)

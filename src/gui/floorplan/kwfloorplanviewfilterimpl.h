@@ -82,6 +82,7 @@ private:
     void connectChoices();
     void fold(bool folded);
     void fillNameOrders();
+    static QStringList nameOrders();
     void updateZoomButtons();
     void updateRotateButton();
     void enableFlags(KWCanvas::SeatDisplay display);

@@ -24,21 +24,22 @@ struct ColumnFacts
 {
     int width;
     bool centred;
-    bool renamable;
+    /// What is edited in the row; null where nothing is.
+    QString KWGuestValues::*value;
 };
 
 constexpr std::array<ColumnFacts, Row::ColumnCount> columns{{
-    {40, false, false},
-    {120, false, true},
-    {40, false, true},
-    {80, false, true},
-    {80, false, true},
-    {80, false, false},
-    {60, true, false},
-    {60, true, false},
-    {60, true, false},
-    {80, false, true},
-    {200, false, false},
+    {40, false, nullptr},
+    {120, false, &KWGuestValues::display_name},
+    {40, false, &KWGuestValues::title},
+    {80, false, &KWGuestValues::first_name},
+    {80, false, &KWGuestValues::last_name},
+    {80, false, nullptr},
+    {60, true, nullptr},
+    {60, true, nullptr},
+    {60, true, nullptr},
+    {80, false, &KWGuestValues::meal},
+    {200, false, nullptr},
 }};
 
 Row *guestRow(QTreeWidgetItem *item)
@@ -134,7 +135,7 @@ void KWGuestsListView::updateOnNewGuest(KWGuest *guest)
         return;
     auto *row = new Row(this, document(), guest);
     for (int column = 0; column < Row::ColumnCount; ++column)
-        row->setRenameEnabled(column, columns.at(static_cast<std::size_t>(column)).renamable);
+        row->setRenameEnabled(column, columns.at(static_cast<std::size_t>(column)).value);
 }
 
 void KWGuestsListView::updateOnDeleteGuest(KWGuest *guest)
@@ -211,16 +212,15 @@ KWGuestListViewItem *KWGuestsListView::itemOfGuest(const KWGuest *guest)
     return nullptr;
 }
 
-void KWGuestsListView::renameInPlace(QTreeWidgetItem *item, int, const QString &)
+void KWGuestsListView::renameInPlace(QTreeWidgetItem *item, int column, const QString &text)
 {
     const Row *row = guestRow(item);
-    if (!row)
+    const auto value = columns.at(static_cast<std::size_t>(column)).value;
+    if (!row || !value)
         return;
-    KWGuest *guest = row->guest();
-    document()->editGuest(guest, row->text(Row::DisplayName), row->text(Row::Title),
-                          row->text(Row::FirstName), row->text(Row::LastName), row->text(Row::Meal),
-                          guest->gender(), guest->age(), guest->isLocked(), guest->notes(),
-                          guest->isVip(), guest->isAccepted());
+    KWGuestValues values = row->guest()->values();
+    values.*value = text;
+    document()->editGuest(row->guest(), values);
     // It may have got another place in the order.
     scrollToRow(item);
 }

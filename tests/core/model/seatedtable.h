@@ -30,9 +30,8 @@ private:
     {
         if (name == u'-')
             return;
-        auto guest =
-            std::make_unique<KWGuest>(QString(name), QString(), QString(), QString(), QString(), 0,
-                                      0, name.isLower(), QString(), false, false);
+        auto guest = std::make_unique<KWGuest>(
+            KWGuestValues{.display_name = name, .locked = name.isLower()});
         table.setGuest(seat, guest.get());
         m_guests[name] = std::move(guest);
     }

@@ -278,8 +278,17 @@ private:
         KWGuest *guest = plan.guestAt(0);
         KWTable *table = plan.tableAt(0);
         KWGroup *group = plan.groupAt(0);
-        plan.editGuest(guest, s("X"), s("X"), s("X"), s("X"), s("X"), 2, 1, true, s("X"), true,
-                       true);
+        plan.editGuest(guest, {.display_name = s("X"),
+                               .title = s("X"),
+                               .first_name = s("X"),
+                               .last_name = s("X"),
+                               .meal = s("X"),
+                               .gender = 2,
+                               .age = 1,
+                               .locked = true,
+                               .notes = s("X"),
+                               .vip = true,
+                               .accepted = true});
         plan.editGroup(group, KWContact(s("X"), {}, {}, {}, {}, {}, {}, {}, {}, {}), s("X"),
                        s("X"));
         plan.editTable(table, s("X"), KWTable::Custom, 3, 3, 3, 3, s("X"));

@@ -5,46 +5,6 @@
 
 #include <functional>
 
-namespace {
-/// What editGuest() takes and changes.
-struct GuestFields
-{
-    QString name;
-    QString title;
-    QString first;
-    QString last;
-    QString meal;
-    int gender;
-    int age;
-    bool locked;
-    QString notes;
-    bool vip;
-    bool accepted;
-
-    explicit GuestFields(const KWGuest *guest = nullptr)
-        : name(guest ? guest->displayName() : QString())
-        , title(guest ? guest->title() : QString())
-        , first(guest ? guest->firstName() : QString())
-        , last(guest ? guest->lastName() : QString())
-        , meal(guest ? guest->meal() : QString())
-        , gender(guest ? guest->gender() : 0)
-        , age(guest ? guest->age() : 0)
-        , locked(guest && guest->isLocked())
-        , notes(guest ? guest->notes() : QString())
-        , vip(guest && guest->isVip())
-        , accepted(guest && guest->isAccepted())
-    {
-    }
-    bool operator==(const GuestFields &) const = default;
-};
-
-void edit(KWDocument &plan, KWGuest *guest, const GuestFields &f)
-{
-    plan.editGuest(guest, f.name, f.title, f.first, f.last, f.meal, f.gender, f.age, f.locked,
-                   f.notes, f.vip, f.accepted);
-}
-} // namespace
-
 class TestEditGuests : public QObject
 {
     Q_OBJECT
@@ -53,9 +13,18 @@ private slots:
     void addingAGuestStoresAllAndReports()
     {
         EditedPlan party;
-        KWGuest *eve =
-            party.plan.addGuest(s("Eve"), s("Dr"), s("Eva"), s("East"), s("fish"), KWGuest::Female,
-                                KWGuest::Child, true, s("late"), true, true, party.joneses);
+        KWGuest *eve = party.plan.addGuest({.display_name = s("Eve"),
+                                            .title = s("Dr"),
+                                            .first_name = s("Eva"),
+                                            .last_name = s("East"),
+                                            .meal = s("fish"),
+                                            .gender = KWGuest::Female,
+                                            .age = KWGuest::Child,
+                                            .locked = true,
+                                            .notes = s("late"),
+                                            .vip = true,
+                                            .accepted = true},
+                                           party.joneses);
         QCOMPARE(party.log.take(), steps({"modified", "eventNewGuest(Eve)", "eventModified()"}));
         QCOMPARE(party.plan.guests(),
                  QList<KWGuest *>({party.ann, party.bob, party.cid, party.dan, eve}));
@@ -166,59 +135,59 @@ private slots:
 
     void editingAGuestStoresWhatDiffersAndRescoresForGenderAndVip_data()
     {
-        QTest::addColumn<GuestFields>("wanted");
+        QTest::addColumn<KWGuestValues>("wanted");
         QTest::addColumn<bool>("rescored");
         const EditedPlan party;
-        const auto row = [&](const char *what, auto GuestFields::*field, const auto &value,
+        const auto row = [&](const char *what, auto KWGuestValues::*field, const auto &value,
                              bool rescored) {
-            GuestFields wanted(party.ann);
+            KWGuestValues wanted = party.ann->values();
             wanted.*field = value;
             QTest::newRow(what) << wanted << rescored;
         };
-        row("display name", &GuestFields::name, s("Anna"), false);
-        row("title", &GuestFields::title, s("Ms"), false);
-        row("first name", &GuestFields::first, s("Ann"), false);
-        row("last name", &GuestFields::last, s("Smith"), false);
-        row("meal", &GuestFields::meal, s("beef"), false);
-        row("gender", &GuestFields::gender, int(KWGuest::Male), true);
-        row("age", &GuestFields::age, int(KWGuest::Child), false);
-        row("locked", &GuestFields::locked, true, false);
-        row("notes", &GuestFields::notes, s("sings"), false);
-        row("vip", &GuestFields::vip, true, true);
-        row("accepted", &GuestFields::accepted, true, false);
+        row("display name", &KWGuestValues::display_name, s("Anna"), false);
+        row("title", &KWGuestValues::title, s("Ms"), false);
+        row("first name", &KWGuestValues::first_name, s("Ann"), false);
+        row("last name", &KWGuestValues::last_name, s("Smith"), false);
+        row("meal", &KWGuestValues::meal, s("beef"), false);
+        row("gender", &KWGuestValues::gender, int(KWGuest::Male), true);
+        row("age", &KWGuestValues::age, int(KWGuest::Child), false);
+        row("locked", &KWGuestValues::locked, true, false);
+        row("notes", &KWGuestValues::notes, s("sings"), false);
+        row("vip", &KWGuestValues::vip, true, true);
+        row("accepted", &KWGuestValues::accepted, true, false);
     }
     void editingAGuestStoresWhatDiffersAndRescoresForGenderAndVip()
     {
-        QFETCH(GuestFields, wanted);
+        QFETCH(KWGuestValues, wanted);
         QFETCH(bool, rescored);
         EditedPlan party;
-        edit(party.plan, party.ann, wanted);
-        QCOMPARE(party.log.take(), QStringList({s("eventEditGuest(%1)").arg(wanted.name)}) +
+        party.plan.editGuest(party.ann, wanted);
+        QCOMPARE(party.log.take(), QStringList({s("eventEditGuest(%1)").arg(wanted.display_name)}) +
                                        steps({"modified"}) + EditedPlan::scores(rescored) +
                                        steps({"eventModified()"}));
-        QVERIFY(GuestFields(party.ann) == wanted);
+        QVERIFY(party.ann->values() == wanted);
         QCOMPARE(party.ann->group(), party.smiths);
     }
 
     void editingAllOfAGuestReportsOnce()
     {
         EditedPlan party;
-        GuestFields wanted;
-        wanted.name = s("Anna");
+        KWGuestValues wanted;
+        wanted.display_name = s("Anna");
         wanted.meal = s("beef");
         wanted.age = KWGuest::Child;
         wanted.vip = true;
-        edit(party.plan, party.ann, wanted);
+        party.plan.editGuest(party.ann, wanted);
         QCOMPARE(party.log.take(), steps({"eventEditGuest(Anna)", "modified"}) +
                                        EditedPlan::scores() + steps({"eventModified()"}));
-        QVERIFY(GuestFields(party.ann) == wanted);
+        QVERIFY(party.ann->values() == wanted);
     }
 
     void editingAGuestWithEqualValuesDoesNothing()
     {
         EditedPlan party;
         for (KWGuest *guest : party.plan.guests())
-            edit(party.plan, guest, GuestFields(guest));
+            party.plan.editGuest(guest, guest->values());
         QCOMPARE(party.log.take(), QStringList());
     }
 
@@ -263,7 +232,9 @@ private slots:
         const auto row = [](const char *name, const Operation &op) { QTest::newRow(name) << op; };
         row("deleteGuest", [](auto &plan, auto *guest) { plan.deleteGuest(guest, true); });
         row("editGuest", [](auto &plan, auto *guest) {
-            plan.editGuest(guest, s("X"), {}, {}, {}, {}, 0, 1, true, {}, true, true);
+            plan.editGuest(
+                guest,
+                {.display_name = s("X"), .age = 1, .locked = true, .vip = true, .accepted = true});
         });
         row("setGuestLocked", [](auto &plan, auto *guest) { plan.setGuestLocked(guest, true); });
         row("setGuestAccepted",

@@ -27,8 +27,12 @@ class TestNames : public QObject
     KWGuest *add(const char *display, const char *title, const char *first, const char *last,
                  const char *meal = "")
     {
-        return m_plan->addGuest(s(display), s(title), s(first), s(last), s(meal), 0, 0, false, {},
-                                false, false, nullptr);
+        return m_plan->addGuest({.display_name = s(display),
+                                 .title = s(title),
+                                 .first_name = s(first),
+                                 .last_name = s(last),
+                                 .meal = s(meal)},
+                                nullptr);
     }
     void addTables(const QList<const char *> &names)
     {

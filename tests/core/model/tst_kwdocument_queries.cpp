@@ -15,16 +15,44 @@ struct Hall
     KWGroup *smiths = plan.addGroup({}, s("Smiths"), {});
     KWGroup *joneses = plan.addGroup({}, s("Joneses"), {});
     KWGroup *nobody = plan.addGroup({}, s("joneses"), {});
-    KWGuest *ann = plan.addGuest(s("Ann"), s("Mrs"), s("Ann"), s("Smith"), s("fish"),
-                                 KWGuest::Female, KWGuest::Adult, true, {}, false, true, smiths);
-    KWGuest *bob = plan.addGuest(s("Bob"), s("Mr"), s("Bob"), s("Smith"), s("beef"), KWGuest::Male,
-                                 KWGuest::Adult, false, {}, false, true, smiths);
-    KWGuest *cid = plan.addGuest(s("Cid"), {}, s("Cid"), s("Smith"), {}, KWGuest::Undefined,
-                                 KWGuest::Child, false, {}, false, false, smiths);
-    KWGuest *dan = plan.addGuest(s("Dan"), s("Sir"), s("Dan"), s("Jones"), s("fish"), KWGuest::Male,
-                                 KWGuest::Adult, true, {}, false, false, joneses);
-    KWGuest *eve = plan.addGuest(s("Eve"), {}, s("Eve"), s("Jones"), s("Beef"), KWGuest::Male,
-                                 KWGuest::Child, false, {}, false, true, joneses);
+    KWGuest *ann = plan.addGuest({.display_name = s("Ann"),
+                                  .title = s("Mrs"),
+                                  .first_name = s("Ann"),
+                                  .last_name = s("Smith"),
+                                  .meal = s("fish"),
+                                  .gender = KWGuest::Female,
+                                  .locked = true,
+                                  .accepted = true},
+                                 smiths);
+    KWGuest *bob = plan.addGuest({.display_name = s("Bob"),
+                                  .title = s("Mr"),
+                                  .first_name = s("Bob"),
+                                  .last_name = s("Smith"),
+                                  .meal = s("beef"),
+                                  .gender = KWGuest::Male,
+                                  .accepted = true},
+                                 smiths);
+    KWGuest *cid = plan.addGuest({.display_name = s("Cid"),
+                                  .first_name = s("Cid"),
+                                  .last_name = s("Smith"),
+                                  .age = KWGuest::Child},
+                                 smiths);
+    KWGuest *dan = plan.addGuest({.display_name = s("Dan"),
+                                  .title = s("Sir"),
+                                  .first_name = s("Dan"),
+                                  .last_name = s("Jones"),
+                                  .meal = s("fish"),
+                                  .gender = KWGuest::Male,
+                                  .locked = true},
+                                 joneses);
+    KWGuest *eve = plan.addGuest({.display_name = s("Eve"),
+                                  .first_name = s("Eve"),
+                                  .last_name = s("Jones"),
+                                  .meal = s("Beef"),
+                                  .gender = KWGuest::Male,
+                                  .age = KWGuest::Child,
+                                  .accepted = true},
+                                 joneses);
     KWTable *round = addTable(plan, "Round", KWTable::Circular, 4);
     KWTable *head = addTable(plan, "Head", KWTable::HeadTop, 3);
     KWTable *spare = addRectangular(plan, "Spare", 1, 1);

@@ -90,8 +90,11 @@ private slots:
     void guestsAreWrittenByTheirStrippedDisplayName()
     {
         KWDocument plan;
-        plan.addGuest(s("  Ann "), s("Ms"), s("Anna"), s("Smith"), {}, 0, 0, false, {}, false,
-                      false, nullptr);
+        plan.addGuest({.display_name = s("  Ann "),
+                       .title = s("Ms"),
+                       .first_name = s("Anna"),
+                       .last_name = s("Smith")},
+                      nullptr);
         TraceSink sink;
         plan.debugDump();
         QCOMPARE(sink.take(), steps({"", "guest Ann"}));

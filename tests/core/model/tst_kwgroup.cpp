@@ -48,8 +48,13 @@ private:
     void add(const Member &m)
     {
         const QString name(QLatin1Char(static_cast<char>('a' + m_guests.size())));
-        m_guests.emplace_back(name, s(m.title), s(m.first), s(m.last), QString(), m.gender, m.age,
-                              m.locked, QString(), false, false);
+        m_guests.emplace_back(KWGuestValues{.display_name = name,
+                                            .title = s(m.title),
+                                            .first_name = s(m.first),
+                                            .last_name = s(m.last),
+                                            .gender = m.gender,
+                                            .age = m.age,
+                                            .locked = m.locked});
         m_guests.back().setGroup(&group);
         group.appendGuest(&m_guests.back());
     }

@@ -1,3 +1,4 @@
+#include "support/brackettranslator.h"
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
@@ -10,22 +11,38 @@ using Change = std::function<void(KWGuest &)>;
 
 KWGuest named(const char *title, const char *first, const char *last)
 {
-    return {s("Shown"),     s(title), s(first), s(last), {},   KWGuest::Undefined,
-            KWGuest::Adult, false,    {},       false,   false};
+    return KWGuest({.display_name = s("Shown"),
+                    .title = s(title),
+                    .first_name = s(first),
+                    .last_name = s(last)});
 }
 
 KWGuest ofKind(int gender, int age)
 {
-    return {s("Shown"), {}, {}, {}, {}, gender, age, false, {}, false, false};
+    return KWGuest({.display_name = s("Shown"), .gender = gender, .age = age});
+}
+
+KWGuestValues completeValues()
+{
+    return {.display_name = s("Johnny"),
+            .title = s("Dr"),
+            .first_name = s("John"),
+            .last_name = s("Smith"),
+            .meal = s("fish"),
+            .gender = KWGuest::Male,
+            .age = KWGuest::Child,
+            .locked = true,
+            .notes = s("late"),
+            .vip = false,
+            .accepted = true};
 }
 
 KWGuest complete()
 {
-    return {s("Johnny"),    s("Dr"), s("John"), s("Smith"), s("fish"), KWGuest::Male,
-            KWGuest::Child, true,    s("late"), false,      true};
+    return KWGuest(completeValues());
 }
 
-/// Every field of a guest but the group, in the order of the constructor.
+/// Every field of a guest but the group, in the order of KWGuestValues.
 QString facts(const KWGuest &guest)
 {
     const auto number = [](int n) { return QString::number(n); };
@@ -54,6 +71,19 @@ private slots:
         const KWGuest guest = complete();
         QCOMPARE(facts(guest), s("Johnny/Dr/John/Smith/fish/1/1/1/late/0/1"));
         QVERIFY(!guest.group());
+    }
+
+    void valuesAreAllOfAGuestButTheGroup()
+    {
+        KWGroup group({}, {}, {});
+        KWGuest guest = complete();
+        QVERIFY(guest.values() == completeValues());
+        guest.setGroup(&group);
+        guest.setValues({.display_name = s("Ann"), .gender = KWGuest::Female, .vip = true});
+        QCOMPARE(facts(guest), s("Ann/////2/0/0//1/0"));
+        QCOMPARE(guest.group(), &group);
+        guest.setValues(completeValues());
+        QCOMPARE(facts(guest), facts(complete()));
     }
 
     void copyTakesEverythingButTheGroup()
@@ -262,6 +292,18 @@ private slots:
             QTest::ignoreMessage(QtWarningMsg, "undefined age");
             QCOMPARE(KWGuest::ageFromString(s(word)), 0);
         }
+    }
+
+    void nameOrdersAreInTheLanguageOfTheMoment()
+    {
+        {
+            const BracketTranslator brackets;
+            QCOMPARE(KWGuest::nameOrders().value(KWGuest::LastInitial), s("[Last, F.]"));
+            QCOMPARE(KWGuest::nameOrderToString(KWGuest::TitleFirstLast), s("[Title First Last]"));
+            QCOMPARE(KWGuest::genderToString(KWGuest::Male), s("Male"));
+            QCOMPARE(KWGuest::ageToString(KWGuest::Adult), s("adult"));
+        }
+        QCOMPARE(KWGuest::nameOrders().value(KWGuest::LastInitial), s("Last, F."));
     }
 
     void nameOrdersHaveTheirWordsInOrder()

@@ -110,8 +110,17 @@ void furnish(KWDocument &plan, unsigned seed)
     TextSource source(seed);
     const auto text = [&] { return source.text(); };
     for (KWGuest *guest : plan.guests())
-        plan.editGuest(guest, text(), text(), text(), text(), text(), guest->gender(), guest->age(),
-                       guest->isLocked(), text(), guest->isVip(), source.draw(2) == 0);
+        plan.editGuest(guest, {.display_name = text(),
+                               .title = text(),
+                               .first_name = text(),
+                               .last_name = text(),
+                               .meal = text(),
+                               .gender = guest->gender(),
+                               .age = guest->age(),
+                               .locked = guest->isLocked(),
+                               .notes = text(),
+                               .vip = guest->isVip(),
+                               .accepted = source.draw(2) == 0});
     for (KWGroup *group : plan.groups()) {
         const KWContact contact(text(), text(), text(), text(), text(), text(), text(), text(),
                                 text(), text());
@@ -189,8 +198,12 @@ private slots:
         const QString note = s("first line\nsecond; <b>100%</b> & more\r\n\tthird +1");
         Plan plan;
         addGuest(plan.document, {}, plan.document.addGroup({}, name, note));
-        plan.document.editGuest(plan.document.guestAt(0), name, name, name, name, name, 0, 0, false,
-                                note, false, false);
+        plan.document.editGuest(plan.document.guestAt(0), {.display_name = name,
+                                                           .title = name,
+                                                           .first_name = name,
+                                                           .last_name = name,
+                                                           .meal = name,
+                                                           .notes = note});
         plan.document.addTable(KWTable::Circular, name, 3, 0, 0, 0, {}, note);
         plan.document.setNotes(note);
         Plan back;

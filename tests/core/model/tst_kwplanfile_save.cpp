@@ -106,8 +106,17 @@ private slots:
         Plan plan;
         plan.document.addGroup({}, s("family"), {});
         KWGroup *friends = plan.document.addGroup({}, s("friends"), {});
-        plan.document.addGuest(s("Ann & Bob"), s("Mrs"), s("Änn"), s("O'Hara"), s("fish, no dill"),
-                               KWGuest::Female, KWGuest::Child, true, s("line\nbreak"), true, true,
+        plan.document.addGuest({.display_name = s("Ann & Bob"),
+                                .title = s("Mrs"),
+                                .first_name = s("Änn"),
+                                .last_name = s("O'Hara"),
+                                .meal = s("fish, no dill"),
+                                .gender = KWGuest::Female,
+                                .age = KWGuest::Child,
+                                .locked = true,
+                                .notes = s("line\nbreak"),
+                                .vip = true,
+                                .accepted = true},
                                friends);
         QCOMPARE(elementsAt(plan.text(), "root/guests/guest").value(0).attributes,
                  (Attributes{{s("display_name"), s("Ann%20%26%20Bob")},
@@ -128,8 +137,11 @@ private slots:
     {
         Plan plan;
         for (const char *flag : {"locked", "vip", "accepted"})
-            plan.document.addGuest(s(flag), {}, {}, {}, {}, 0, 0, s(flag) == s("locked"), {},
-                                   s(flag) == s("vip"), s(flag) == s("accepted"), nullptr);
+            plan.document.addGuest({.display_name = s(flag),
+                                    .locked = s(flag) == s("locked"),
+                                    .vip = s(flag) == s("vip"),
+                                    .accepted = s(flag) == s("accepted")},
+                                   nullptr);
         for (const PlanElement &guest : elementsAt(plan.text(), "root/guests/guest")) {
             for (const char *flag : {"locked", "vip", "accepted"})
                 QCOMPARE(guest.attributes.value(s(flag)) == s("1"),

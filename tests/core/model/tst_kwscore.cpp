@@ -234,9 +234,17 @@ private slots:
         const QString scores = scene.scores();
         KWGroup *group = scene.plan.addGroup({}, s("Family"), {});
         for (KWGuest *guest : scene.plan.guests()) {
-            scene.plan.editGuest(guest, s("Same"), s("Dr"), s("First"), s("Last"), s("fish"),
-                                 guest->gender(), KWGuest::Child, true, s("notes"), guest->isVip(),
-                                 true);
+            scene.plan.editGuest(guest, {.display_name = s("Same"),
+                                         .title = s("Dr"),
+                                         .first_name = s("First"),
+                                         .last_name = s("Last"),
+                                         .meal = s("fish"),
+                                         .gender = guest->gender(),
+                                         .age = KWGuest::Child,
+                                         .locked = true,
+                                         .notes = s("notes"),
+                                         .vip = guest->isVip(),
+                                         .accepted = true});
             scene.plan.moveGuestToGroup(group, guest);
         }
         scene.plan.recalculateScores();

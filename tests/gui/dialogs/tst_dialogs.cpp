@@ -70,8 +70,16 @@ KWGuest *bride(KWDocument &plan)
                             s("LA22 9DE"), s("England"), s("015394 32000"), s("015394 33000"),
                             s("07700 900123"), s("ann@example.com, bob@example.com"));
     KWGroup *group = plan.addGroup(contact, s("Smith"), s("Arrive on Friday evening."));
-    return plan.addGuest(s("Dr Ann Smith"), s("Dr"), s("Ann"), s("Smith"), s("Vegetarian"),
-                         KWGuest::Female, KWGuest::Adult, true, s("Allergic to nuts."), true, true,
+    return plan.addGuest({.display_name = s("Dr Ann Smith"),
+                          .title = s("Dr"),
+                          .first_name = s("Ann"),
+                          .last_name = s("Smith"),
+                          .meal = s("Vegetarian"),
+                          .gender = KWGuest::Female,
+                          .locked = true,
+                          .notes = s("Allergic to nuts."),
+                          .vip = true,
+                          .accepted = true},
                          group);
 }
 

@@ -12,8 +12,17 @@ KWGuest *addAnn(KWDocument &plan)
 {
     KWContact contact;
     contact.city = s("York");
-    return plan.addGuest(s("Dr Ann Smith"), s("Dr"), s("Ann"), s("Smith"), s("Fish"),
-                         KWGuest::Female, KWGuest::Child, true, s("nuts"), true, true,
+    return plan.addGuest({.display_name = s("Dr Ann Smith"),
+                          .title = s("Dr"),
+                          .first_name = s("Ann"),
+                          .last_name = s("Smith"),
+                          .meal = s("Fish"),
+                          .gender = KWGuest::Female,
+                          .age = KWGuest::Child,
+                          .locked = true,
+                          .notes = s("nuts"),
+                          .vip = true,
+                          .accepted = true},
                          plan.addGroup(contact, s("The Smiths"), s("friday")));
 }
 
@@ -254,8 +263,8 @@ private slots:
 
     void aGuestWithoutAGroupCanBeEditedAlone()
     {
-        KWGuest *bob = m_plan->addGuest(s("Bob"), {}, s("Bob"), {}, {}, KWGuest::Male,
-                                        KWGuest::Adult, false, {}, false, false, nullptr);
+        KWGuest *bob = m_plan->addGuest(
+            {.display_name = s("Bob"), .first_name = s("Bob"), .gender = KWGuest::Male}, nullptr);
         m_window->takeSteps();
         GuestDialog dialog(nullptr, m_plan, bob);
         QVERIFY(dialog.tabs->isTabEnabled(0));

@@ -12,8 +12,12 @@ const QString refusal = s("No first name or last name supplied.");
 KWGuest *addNamed(KWDocument &plan, const char *title, const char *first, const char *last,
                   const char *meal = "")
 {
-    return plan.addGuest(s(first), s(title), s(first), s(last), s(meal), KWGuest::Undefined,
-                         KWGuest::Adult, false, {}, false, false, plan.addGroup({}, {}, {}));
+    return plan.addGuest({.display_name = s(first),
+                          .title = s(title),
+                          .first_name = s(first),
+                          .last_name = s(last),
+                          .meal = s(meal)},
+                         plan.addGroup({}, {}, {}));
 }
 } // namespace
 

@@ -14,8 +14,12 @@ struct SeatedGuest
     KWDocument plan;
     KWGroup *group = plan.addGroup({}, s("The Bakers"), {});
     KWTable *table = addTable(plan, "T", KWTable::Circular, 3);
-    KWGuest *guest = plan.addGuest(s("Annie"), s("Ms"), s("Anna"), s("Baker"), {}, KWGuest::Female,
-                                   KWGuest::Adult, false, {}, false, false, group);
+    KWGuest *guest = plan.addGuest({.display_name = s("Annie"),
+                                    .title = s("Ms"),
+                                    .first_name = s("Anna"),
+                                    .last_name = s("Baker"),
+                                    .gender = KWGuest::Female},
+                                   group);
 
     SeatedGuest() { plan.assignGuest(guest, table, 1, false); }
     QString tip(int nameOrder = KWGuest::DisplayName) const
@@ -135,8 +139,14 @@ private slots:
                                  "<br/><b>Gender:</b> Female<br/><b>Age:</b> adult"
                                  "<br/><b>Accepted:</b> No<br/><b>VIP:</b> No"
                                  "<br/><b>Locked:</b> No"));
-        seated.plan.editGuest(seated.guest, s("Ann"), {}, {}, {}, s("fish"), KWGuest::Male,
-                              KWGuest::Child, true, s("late"), true, true);
+        seated.plan.editGuest(seated.guest, {.display_name = s("Ann"),
+                                             .meal = s("fish"),
+                                             .gender = KWGuest::Male,
+                                             .age = KWGuest::Child,
+                                             .locked = true,
+                                             .notes = s("late"),
+                                             .vip = true,
+                                             .accepted = true});
         QCOMPARE(seated.tip(), s("<b>Name:</b> Ann<br/><b>Group:</b> The Bakers"
                                  "<br/><b>Gender:</b> Male<br/><b>Age:</b> child"
                                  "\n<b>Meal:</b> fish<br/><b>Accepted:</b> Yes<br/><b>VIP:</b> Yes"

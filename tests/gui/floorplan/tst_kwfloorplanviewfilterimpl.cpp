@@ -432,6 +432,8 @@ void TestKWFloorPlanViewFilterImpl::aLanguageChangeBringsTheTextsAgainAndKeepsTh
     QTRY_COMPARE(child<QLabel>(shown.panel, "m_nameOrderLabel")->text(), s("[&Guest name:]"));
     QCOMPARE(shown.names->currentText(), s("[Seat reference]"));
     QCOMPARE(shown.names->count(), 8);
+    QCOMPARE(shown.names->itemText(0), s("[DisplayName]"));
+    QCOMPARE(shown.names->itemText(6), s("[Title F. Last]"));
     QCOMPARE(shown.seats->currentText(), s("[circular]"));
     QCOMPARE(shown.button("m_zoomInButton")->toolTip(), s("[Zoom in]"));
     QVERIFY(!shown.plan.isModified());

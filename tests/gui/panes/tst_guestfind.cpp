@@ -10,8 +10,13 @@ namespace {
 void add(KWDocument &plan, const char *last, const char *first, const char *title,
          const char *display)
 {
-    plan.addGuest(s(display), s(title), s(first), s(last), s("meal"), 0, 0, false, s("notes"),
-                  false, false, nullptr);
+    plan.addGuest({.display_name = s(display),
+                   .title = s(title),
+                   .first_name = s(first),
+                   .last_name = s(last),
+                   .meal = s("meal"),
+                   .notes = s("notes")},
+                  nullptr);
 }
 
 /// The list and the panel above it.

@@ -29,8 +29,10 @@ Row *topRow(const ShownList &shown)
 KWGuest *addNamed(KWDocument &plan, const char *name, const char *last = "")
 {
     KWGuest *guest = addGuest(plan, {name});
-    plan.editGuest(guest, s(name), QString(), QString(), s(last), QString(), guest->gender(),
-                   guest->age(), false, QString(), false, false);
+    plan.editGuest(guest, {.display_name = s(name),
+                           .last_name = s(last),
+                           .gender = guest->gender(),
+                           .age = guest->age()});
     return guest;
 }
 } // namespace
@@ -43,9 +45,17 @@ private slots:
     void aRowShowsWhatIsKnownOfItsGuest()
     {
         ShownList shown;
-        KWGuest *guest = shown.plan.addGuest(s("Dr Ann Lee"), s("Dr"), s("Ann"), s("Lee"),
-                                             s("fish"), KWGuest::Female, KWGuest::Adult, true,
-                                             s("likes\nmusic"), true, true, nullptr);
+        KWGuest *guest = shown.plan.addGuest({.display_name = s("Dr Ann Lee"),
+                                              .title = s("Dr"),
+                                              .first_name = s("Ann"),
+                                              .last_name = s("Lee"),
+                                              .meal = s("fish"),
+                                              .gender = KWGuest::Female,
+                                              .locked = true,
+                                              .notes = s("likes\nmusic"),
+                                              .vip = true,
+                                              .accepted = true},
+                                             nullptr);
         const Row &row = *topRow(shown);
         QCOMPARE(row.guest(), guest);
         QCOMPARE(texts(row), s("|Dr Ann Lee|Dr|Ann|Lee|||||fish|likes music"));
@@ -94,8 +104,7 @@ private slots:
     {
         ShownList shown;
         KWGuest *guest = addGuest(shown.plan, {"Ann", KWGuest::Female});
-        shown.plan.editGuest(guest, s("Ann"), {}, {}, {}, {}, 7, KWGuest::Adult, false, {}, false,
-                             false);
+        shown.plan.editGuest(guest, {.display_name = s("Ann"), .gender = 7});
         QCOMPARE(picture(*topRow(shown), Row::Picture),
                  KWPixmaps::instance().guestFemaleAdult().cacheKey());
     }
@@ -120,8 +129,13 @@ private slots:
     void theKeyOfATextColumnIsItsText()
     {
         ShownList shown;
-        shown.plan.addGuest(s("Dr Ann Lee"), s("Dr"), s("Ann"), s("Lee"), s("fish"), 0, 0, false,
-                            s("1234567890123456789012345678901"), false, false, nullptr);
+        shown.plan.addGuest({.display_name = s("Dr Ann Lee"),
+                             .title = s("Dr"),
+                             .first_name = s("Ann"),
+                             .last_name = s("Lee"),
+                             .meal = s("fish"),
+                             .notes = s("1234567890123456789012345678901")},
+                            nullptr);
         const Row &row = *topRow(shown);
         QCOMPARE(row.key(Row::DisplayName), s("Dr Ann Lee"));
         QCOMPARE(row.key(Row::Title), s("Dr"));
@@ -154,12 +168,30 @@ private slots:
     {
         ShownList shown;
         KWDocument &plan = shown.plan;
-        KWGuest *a = plan.addGuest(s("A"), s("Mr"), s("Zoe"), s("Fry"), s(""), 2, 0, false, s("z"),
-                                   false, true, nullptr);
-        plan.addGuest(s("B"), s("Dr"), s("Amy"), s("Gray"), s("soup"), 0, 0, true, s("y"), false,
-                      false, nullptr);
-        KWGuest *c = plan.addGuest(s("C"), s(""), s("Eve"), s("Eden"), s("fish"), 0, 1, false,
-                                   s("x"), true, false, nullptr);
+        KWGuest *a = plan.addGuest({.display_name = s("A"),
+                                    .title = s("Mr"),
+                                    .first_name = s("Zoe"),
+                                    .last_name = s("Fry"),
+                                    .gender = 2,
+                                    .notes = s("z"),
+                                    .accepted = true},
+                                   nullptr);
+        plan.addGuest({.display_name = s("B"),
+                       .title = s("Dr"),
+                       .first_name = s("Amy"),
+                       .last_name = s("Gray"),
+                       .meal = s("soup"),
+                       .locked = true,
+                       .notes = s("y")},
+                      nullptr);
+        KWGuest *c = plan.addGuest({.display_name = s("C"),
+                                    .first_name = s("Eve"),
+                                    .last_name = s("Eden"),
+                                    .meal = s("fish"),
+                                    .age = 1,
+                                    .notes = s("x"),
+                                    .vip = true},
+                                   nullptr);
         plan.assignGuest(a, addTable(plan, "Top table", KWTable::Circular, 4), 0, true);
         plan.assignGuest(c, addTable(plan, "Side table", KWTable::Circular, 4), 0, true);
         QFETCH(int, column);
@@ -227,7 +259,7 @@ private slots:
         ShownList shown;
         const QString thirty = s("123456789012345678901234567890");
         for (const QString &notes : {thirty, thirty + u'1'})
-            shown.plan.addGuest(notes, {}, {}, {}, {}, 0, 0, false, notes, false, false, nullptr);
+            shown.plan.addGuest({.display_name = notes, .notes = notes}, nullptr);
         shown.list.sortByColumn(Row::DisplayName, Qt::AscendingOrder);
         QCOMPARE(topRow(shown)->text(Row::Notes), thirty);
         QCOMPARE(static_cast<Row *>(shown.list.topLevelItem(1))->text(Row::Notes),
@@ -239,7 +271,7 @@ private slots:
         ShownList shown;
         // The cut counts characters before the blanks come in.
         const QString notes = s("no\nnuts\n") + QString(30, u'x');
-        shown.plan.addGuest(s("Ann"), {}, {}, {}, {}, 0, 0, false, notes, false, false, nullptr);
+        shown.plan.addGuest({.display_name = s("Ann"), .notes = notes}, nullptr);
         QCOMPARE(topRow(shown)->text(Row::Notes), s("no nuts ") + QString(19, u'x') + s("..."));
     }
 

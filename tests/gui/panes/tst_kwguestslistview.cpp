@@ -101,8 +101,7 @@ private slots:
     void aRowFollowsItsGuest()
     {
         ShownList shown({s("A")});
-        shown.plan.editGuest(shown.guest("A"), s("Anna"), {}, {}, {}, s("fish"), 0, 0, false, {},
-                             false, false);
+        shown.plan.editGuest(shown.guest("A"), {.display_name = s("Anna"), .meal = s("fish")});
         QCOMPARE(shown.names(), s("Anna"));
         QCOMPARE(meals(shown), s("fish"));
     }
@@ -325,9 +324,18 @@ private slots:
     {
         ShownList shown;
         const QString notes = s("a long text about Ann, longer than a cell");
-        KWGuest *guest =
-            shown.plan.addGuest(s("A"), s("Dr"), s("Ann"), s("Lee"), s("fish"), KWGuest::Female,
-                                KWGuest::Child, true, notes, true, true, nullptr);
+        KWGuest *guest = shown.plan.addGuest({.display_name = s("A"),
+                                              .title = s("Dr"),
+                                              .first_name = s("Ann"),
+                                              .last_name = s("Lee"),
+                                              .meal = s("fish"),
+                                              .gender = KWGuest::Female,
+                                              .age = KWGuest::Child,
+                                              .locked = true,
+                                              .notes = notes,
+                                              .vip = true,
+                                              .accepted = true},
+                                             nullptr);
         QFETCH(int, column);
         EventLog log(shown.plan);
         shown.list.setCurrentItem(shown.row("A"), column);

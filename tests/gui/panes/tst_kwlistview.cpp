@@ -424,8 +424,7 @@ private slots:
     void theEditKeyTakesTheFirstCellThatCanBeEditedAndSeen()
     {
         ShownList shown({s("A")});
-        shown.plan.editGuest(shown.guest("A"), s("A"), s("Dr"), {}, {}, {}, 0, 0, false, {}, false,
-                             false);
+        shown.plan.editGuest(shown.guest("A"), {.display_name = s("A"), .title = s("Dr")});
         shown.list.setCurrentItem(shown.row("A"), Row::Locked);
         QTest::keyClick(&shown.list, Qt::Key_F2);
         QVERIFY(editor(shown));

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "support/brackettranslator.h"
 #include "support/gui/guitest.h"
 #include "support/gui/scriptedprompts.h"
 
-#include <QTranslator>
 #include <QtWidgets>
 
 /// The widget of that class and name; the test ends here if there is none.
@@ -82,17 +82,3 @@ inline QString topicAskedFor(const std::function<void()> &act)
     act();
     return prompts.texts().value(0).section(u'\'', 1, 1);
 }
-
-/// Puts every text of the program into brackets while it lives.
-class BracketTranslator : public QTranslator
-{
-public:
-    BracketTranslator() { QCoreApplication::installTranslator(this); }
-    ~BracketTranslator() override { QCoreApplication::removeTranslator(this); }
-
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return QStringLiteral("[%1]").arg(QString::fromUtf8(text));
-    }
-};

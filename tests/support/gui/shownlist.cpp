@@ -19,7 +19,7 @@ ShownList::ShownList(const QStringList &guests)
     list.show();
     list.activateWindow();
     for (const QString &name : guests)
-        plan.addGuest(name, {}, {}, {}, {}, 0, 0, false, {}, false, false, nullptr);
+        plan.addGuest({.display_name = name}, nullptr);
 }
 
 KWGuest *ShownList::guest(const char *displayName) const
