@@ -243,7 +243,9 @@ public:
     KWTable *findTable(const QString &name, bool caseSensitive) const;
     KWGroup *findGroup(const QString &name) const;
     /// "Table 1", or the first number that no table's name has, whatever its letter case.
-    QString nextTableName() const;
+    QString nextTableName() const { return nextTableNames(1).first(); }
+    /// The names that nextTableName() would give one after the other, each given to a new table.
+    QStringList nextTableNames(int count) const;
     /// True if a guest other than `except` has the same three names, stripped and lower-cased.
     bool guestExists(const QString &title, const QString &first, const QString &last,
                      const KWGuest *except) const;

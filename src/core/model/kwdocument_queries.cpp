@@ -3,6 +3,8 @@
 #include "core/model/kwrandom.h"
 #include "core/model/kwsortedguestlist.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <numeric>
 #include <set>
@@ -93,17 +95,20 @@ KWGroup *KWDocument::findGroup(const QString &name) const
     return found == m_groups.end() ? nullptr : *found;
 }
 
-QString KWDocument::nextTableName() const
+QStringList KWDocument::nextTableNames(int count) const
 {
     // One pass over the names instead of one findTable() for each number.
-    std::set<QString> taken;
+    QSet<QString> taken;
+    taken.reserve(tableCount());
     for (const KWTable *table : m_tables)
         taken.insert(table->name().toLower());
-    for (int number = 1;; ++number) {
+    QStringList result;
+    for (int number = 1; result.size() < count; ++number) {
         const QString name = tr("Table %1").arg(number);
         if (!taken.contains(name.toLower()))
-            return name;
+            result.append(name);
     }
+    return result;
 }
 
 bool KWDocument::guestExists(const QString &title, const QString &first, const QString &last,

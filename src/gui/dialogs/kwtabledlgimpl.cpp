@@ -313,12 +313,17 @@ void KWTableDlgImpl::insertTables()
     if (window)
         window->saveUndoState(tr("New table(s)"));
     const auto [count1, count2, count3, count4] = counts();
+    const int tables = m_ui->m_numTablesSpinBox->value();
+    QStringList nextNames;
     KWTable *table = nullptr;
-    for (int i = 0; i < m_ui->m_numTablesSpinBox->value(); ++i) {
+    for (int i = 0; i < tables; ++i) {
         const QPoint centre = window ? window->floorPlanCentre() : QPoint();
         table = m_document->addTable(shape(), name(), count1, count2, count3, count4, centre,
                                      m_ui->m_notesTextEdit->notes());
-        m_ui->m_nameLineEdit->setText(m_document->nextTableName());
+        // All at once, since the names of a large plan are many to look through.
+        if (nextNames.isEmpty())
+            nextNames = m_document->nextTableNames(tables);
+        m_ui->m_nameLineEdit->setText(nextNames.at(i));
         if (window)
             window->placeNewTable(table);
     }

@@ -109,6 +109,18 @@ private slots:
         QCOMPARE(asked().nextTableName(), next);
     }
 
+    void theNextNamesAreThoseThatTablesWouldGetOneAfterTheOther()
+    {
+        addTables({"table 2", "Table 5", "Table 5"});
+        const QStringList names = asked().nextTableNames(4);
+        QCOMPARE(names, steps({"Table 1", "Table 3", "Table 4", "Table 6"}));
+        KWDocument copy(*m_plan);
+        for (const QString &name : names) {
+            QCOMPARE(copy.nextTableName(), name);
+            addTable(copy, qPrintable(name), KWTable::Circular, 1);
+        }
+    }
+
     void guestExistsComparesTheThreeNamesStrippedAndLowerCased_data()
     {
         QTest::addColumn<QString>("title");
