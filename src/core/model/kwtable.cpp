@@ -136,12 +136,15 @@ int KWTable::firstSeatOfLargestGap() const
 
 bool KWTable::compactSeats(int count)
 {
-    const int target = std::max(count, m_seated);
     const auto seated = [](const KWGuest *guest) { return guest != nullptr; };
-    if (target >= seatCount() || std::none_of(m_seats.begin() + target, m_seats.end(), seated))
+    const auto begin = m_seats.begin();
+    const auto end = std::find_if(m_seats.rbegin(), m_seats.rend(), seated).base();
+    // So many seats too far sits the last guest, and so many gaps close.
+    auto surplus = end - begin - std::max(count, m_seated);
+    if (surplus <= 0)
         return false;
-    // Whoever must move anyway had better not end beside an empty seat, so all gaps close.
-    std::stable_partition(m_seats.begin(), m_seats.end(), seated);
+    const auto closes = [&surplus](const KWGuest *guest) { return !guest && surplus-- > 0; };
+    std::fill(std::remove_if(begin, end, closes), end, nullptr);
     placeGuests();
     return true;
 }

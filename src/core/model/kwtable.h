@@ -103,8 +103,9 @@ public:
     /// The seat at which the longest run of empty seats begins, counted round the table;
     /// 0 if no seat is empty.
     int firstSeatOfLargestGap() const;
-    /// Closes the guests up towards seat 0, in their order, if somebody sits beyond the first
-    /// `count` seats (or beyond as many seats as there are guests). True if any guest moved.
+    /// If somebody sits beyond the first `count` seats (or beyond as many seats as there are
+    /// guests), closes gaps from seat 0 on until nobody does: guests keep their order, and no more
+    /// gaps close than must. True if any guest moved.
     bool compactSeats(int count);
 
     /// What a caller or a file may have handed in, brought into 0..maxCount.

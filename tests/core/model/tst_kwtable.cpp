@@ -37,6 +37,21 @@ int longestGap(const QString &pattern)
     return best;
 }
 
+/// A pattern after compacting, gap by gap.
+QString closedUp(QString pattern, qsizetype count)
+{
+    const qsizetype target = std::max(count, QString(pattern).remove(u'-').size());
+    const auto guest = [](QChar c) { return c != u'-'; };
+    for (;;) {
+        const auto last = std::find_if(pattern.crbegin(), pattern.crend(), guest);
+        const qsizetype behind = pattern.crend() - last;
+        if (behind <= target)
+            return pattern;
+        pattern.insert(behind, u'-');
+        pattern.remove(pattern.indexOf(u'-'), 1);
+    }
+}
+
 /// Seat entries that differ from seat to seat.
 QList<KWSeatScore> someScores(int seats)
 {
@@ -322,12 +337,13 @@ private slots:
         const auto row = [](const char *name, const char *before, int count, const char *after) {
             QTest::newRow(name) << s(before) << count << s(after);
         };
-        row("guests on 0, 6 and 7 of 8, to 4", "A-----BC", 4, "ABC-----");
-        row("gaps below the target close, too", "-A-B-C--", 5, "ABC-----");
+        row("guests on 0, 6 and 7 of 8, to 4", "A-----BC", 4, "A-BC----");
+        row("no more gaps close than must, the first ones", "-A-B-C--", 5, "A-B-C---");
+        row("pairs who are kept apart stay so", "AB--CD----EF", 11, "AB-CD----EF-");
         row("all sit below the target", "A-B-----", 4, "A-B-----");
         row("all sit in the first seats", "ABC-----", 3, "ABC-----");
         row("the seat before the target", "---A----", 4, "---A----");
-        row("the seat at the target", "----A---", 4, "A-------");
+        row("the seat at the target", "----A---", 4, "---A----");
         row("more guests than the count", "A-B-C-D-", 2, "ABCD----");
         row("more guests than the count, closed up", "ABCD----", 2, "ABCD----");
         row("full", "ABCD", 2, "ABCD");
@@ -350,16 +366,14 @@ private slots:
         QCOMPARE(seated.table.seatCount(), int(before.size()));
     }
 
-    void closingUpKeepsEveryGuestInOrderOrTouchesNothing()
+    void closingUpMovesTheFirstGapBehindTheLastGuestUntilAllFit()
     {
-        for (const QString &pattern : allPatterns(6)) {
-            const QString names = QString(pattern).remove(u'-');
-            for (int count = 0; count <= 6; ++count) {
-                const qsizetype target = std::max<qsizetype>(count, names.size());
-                const bool beyond = !pattern.mid(target).remove(u'-').isEmpty();
+        for (const QString &pattern : allPatterns(8)) {
+            for (int count = 0; count <= 8; ++count) {
+                const QString expected = closedUp(pattern, count);
                 Seated seated(pattern);
-                QCOMPARE(seated.table.compactSeats(count), beyond);
-                QCOMPARE(seated.pattern(), beyond ? names.leftJustified(6, u'-') : pattern);
+                QCOMPARE(seated.table.compactSeats(count), expected != pattern);
+                QCOMPARE(seated.pattern(), expected);
             }
         }
     }

@@ -217,7 +217,7 @@ void TestKWTableDlgEdit::shrinkingClosesTheGuestsUp()
     TableDialog dialog(nullptr, m_plan, table);
     TableDialog::type(dialog.total, 4);
     dialog.accept();
-    QCOMPARE(seating(*table), s("G0 G1 G2 -"));
+    QCOMPARE(seating(*table), s("G0 - G1 G2"));
 }
 
 void TestKWTableDlgEdit::shrinkingATableWithALockedGuestIsRefused_data()
