@@ -70,6 +70,7 @@ public:
     bool canSetAffinity() override { return false; }
     bool canRotate() override;
     void showGuest(KWGuest *guest) override { selectGuest(guest); }
+    bool showsSeats() const override { return true; }
 
 public slots:
     void updateOnClear();

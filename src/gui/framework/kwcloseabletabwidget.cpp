@@ -3,38 +3,53 @@
 #include "gui/appearance/kwpixmaps.h"
 #include "gui/framework/kwviewandfilter.h"
 
+#include <QCoreApplication>
 #include <QHideEvent>
 #include <QToolButton>
 
-KWCloseableTabWidget::KWCloseableTabWidget(QWidget *parent, const QString &name)
+KWCloseableTabWidget::KWCloseableTabWidget(QWidget *parent, const QString &name, const Words &words)
     : QTabWidget(parent)
+    , m_words(words)
     , m_closeButton(new QToolButton(this))
 {
     setObjectName(name);
     m_closeButton->setIcon(KWPixmaps::instance().closePane());
     m_closeButton->setAutoRaise(true);
-    nameCloseButton();
     setCornerWidget(m_closeButton, Qt::TopRightCorner);
     connect(m_closeButton, &QToolButton::clicked, this, &QWidget::hide);
+    languageChange();
 }
 
-void KWCloseableTabWidget::nameCloseButton()
+// The words stand in the subclass, which there is none of yet while this class is constructed.
+QString KWCloseableTabWidget::translated(const char *words) const
 {
-    m_closeButton->setAccessibleName(tr("Hide pane"));
+    return QCoreApplication::translate(objectName().toUtf8(), words);
+}
+
+QString KWCloseableTabWidget::labelOf(const QWidget *page) const
+{
+    return page ? translated(page->objectName().toUtf8()) : QString();
+}
+
+void KWCloseableTabWidget::languageChange()
+{
+    setAccessibleName(translated(m_words.pane));
+    m_closeButton->setAccessibleName(translated(m_words.hide));
     m_closeButton->setWhatsThis(tr("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>"
                                    "Use the <b>View</b> menu to show it again."));
+    for (int i = 0; i < count(); ++i)
+        setTabText(i, labelOf(widget(i)));
 }
 
-void KWCloseableTabWidget::addPage(QWidget *page, const QPixmap &icon, const QString &name,
-                                   const QString &label)
+void KWCloseableTabWidget::addPage(QWidget *page, const QPixmap &icon, const char *name)
 {
-    page->setObjectName(name);
+    page->setObjectName(QString::fromUtf8(name));
     if (auto *view = dynamic_cast<QWidget *>(viewOn(page))) {
         view->setWindowIcon(icon);
         if (view->objectName().isEmpty())
-            view->setObjectName(name);
+            view->setObjectName(page->objectName());
     }
-    addTab(page, icon, label);
+    addTab(page, icon, labelOf(page));
 }
 
 KWView *KWCloseableTabWidget::viewOn(QWidget *page)
@@ -49,13 +64,19 @@ KWView *KWCloseableTabWidget::currentView() const
     return viewOn(currentWidget());
 }
 
-KWView *KWCloseableTabWidget::viewNamed(QAnyStringView name) const
+QList<KWView *> KWCloseableTabWidget::views() const
 {
+    QList<KWView *> views;
     for (int i = 0; i < count(); ++i) {
-        if (widget(i)->objectName() == name)
-            return viewOn(widget(i));
+        if (KWView *view = viewOn(widget(i)))
+            views.append(view);
     }
-    return nullptr;
+    return views;
+}
+
+QString KWCloseableTabWidget::currentLabel() const
+{
+    return labelOf(currentWidget());
 }
 
 void KWCloseableTabWidget::showEvent(QShowEvent *event)
@@ -77,5 +98,5 @@ void KWCloseableTabWidget::changeEvent(QEvent *event)
 {
     QTabWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        nameCloseButton();
+        languageChange();
 }

@@ -12,19 +12,27 @@ class KWCloseableTabWidget : public QTabWidget
     Q_OBJECT
 
 public:
-    KWCloseableTabWidget(QWidget *parent, const QString &name);
+    /// What a screen reader calls the pane and its button; QT_TR_NOOP() of the subclass.
+    struct Words
+    {
+        const char *pane;
+        const char *hide;
+    };
+    KWCloseableTabWidget(QWidget *parent, const QString &name, const Words &words);
 
     /// Adds a page, which is a view or a pair of view and filter panel. It gets the object name
-    /// `name`, and so does a view in it that has none; the view and the tab get the icon. `label`
-    /// is what the tab shows.
-    void addPage(QWidget *page, const QPixmap &icon, const QString &name, const QString &label);
+    /// `name`, and so does a view in it that has none; the view and the tab get the icon. The tab
+    /// shows the name in the user's language: it is a QT_TR_NOOP() of the subclass.
+    void addPage(QWidget *page, const QPixmap &icon, const char *name);
 
     /// The view on a page; null for null and for a page that holds none.
     static KWView *viewOn(QWidget *page);
     /// The view of the current page, or null.
     KWView *currentView() const;
-    /// The view on the page of that name, or null.
-    KWView *viewNamed(QAnyStringView name) const;
+    /// The views of all pages, in their order.
+    QList<KWView *> views() const;
+    /// The name of the current page in the user's language.
+    QString currentLabel() const;
 
 signals:
     void visibilityChange(bool visible);
@@ -35,7 +43,10 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void nameCloseButton();
+    void languageChange();
+    QString translated(const char *words) const;
+    QString labelOf(const QWidget *page) const;
 
+    Words m_words;
     QToolButton *m_closeButton;
 };

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <array>
+
 class KWDocument;
 class KWGuest;
 
 /// What every pane of a plan answers to the main window: the second base of each view, beside its
 /// widget base. To get from the one to the other takes a dynamic_cast. Whoever asks an operation
-/// of a view has asked its can...() before.
+/// of a view has asked its can...() before. A view overrides what it takes part in.
 class KWView
 {
 public:
@@ -18,32 +20,32 @@ public:
     KWDocument *document() const { return m_document; }
 
     /// Deletes what is selected, after the view's own question.
-    virtual void deleteSelection() = 0;
-    virtual void editProperties() = 0;
+    virtual void deleteSelection() {}
+    virtual void editProperties() {}
     /// Takes the selected guests off their seats.
-    virtual void unassign() = 0;
-    virtual void print() = 0;
-    virtual void copy() = 0;
+    virtual void unassign() {}
+    virtual void print() {}
+    virtual void copy() {}
     /// Turns the selected table one step clockwise.
-    virtual void rotate() = 0;
+    virtual void rotate() {}
     /// Sets the proximity among the selected guests: 0 next to, 1 near to, 2 neutral, 3 not next
     /// to, 4 not near to.
-    virtual void setAffinity(int value) = 0;
-    virtual bool canDelete() = 0;
-    virtual bool canEditProperties() = 0;
-    virtual bool canUnassign() = 0;
-    virtual void setLocked(bool locked) = 0;
-    virtual bool canSetLocked() = 0;
+    virtual void setAffinity(int) {}
+    virtual bool canDelete() { return false; }
+    virtual bool canEditProperties() { return false; }
+    virtual bool canUnassign() { return false; }
+    virtual void setLocked(bool) {}
+    virtual bool canSetLocked() { return false; }
     /// Whether the selection counts as locked, for the check mark.
-    virtual bool isLocked() = 0;
-    virtual void setAccepted(bool accepted) = 0;
-    virtual bool canSetAccepted() = 0;
+    virtual bool isLocked() { return false; }
+    virtual void setAccepted(bool) {}
+    virtual bool canSetAccepted() { return false; }
     /// Whether the selection counts as accepted, for the check mark.
-    virtual bool hasAccepted() = 0;
-    virtual bool canPrint() = 0;
-    virtual bool canCopy() = 0;
-    virtual bool canSetAffinity() = 0;
-    virtual bool canRotate() = 0;
+    virtual bool hasAccepted() { return false; }
+    virtual bool canPrint() { return false; }
+    virtual bool canCopy() { return false; }
+    virtual bool canSetAffinity() { return false; }
+    virtual bool canRotate() { return false; }
 
     /// Whether the view skipped an update while it was not visible and has to rebuild itself when
     /// it is shown.
@@ -51,12 +53,18 @@ public:
     virtual void setNeedsRefresh(bool needed) { m_needsRefresh = needed; }
 
     /// Selects the guest's place in this view and brings it into sight.
-    virtual void showGuest(KWGuest *guest) = 0;
+    virtual void showGuest(KWGuest *) {}
     virtual void markModified();
 
     /// A counted pair: while it is open, the view's widget does not repaint.
     virtual void beginUpdateBlock();
     virtual void endUpdateBlock();
+
+    /// How many pairs of the selected guests have each of the five proximities.
+    using AffinityCounts = std::array<int, 5>;
+    virtual AffinityCounts affinityCounts() { return {}; }
+    /// Whether showGuest() shows guests at their seats.
+    virtual bool showsSeats() const { return false; }
 
 private:
     void applyUpdateBlock();

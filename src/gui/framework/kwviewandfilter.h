@@ -13,6 +13,8 @@ class KWViewPage : public QWidget
 public:
     using QWidget::QWidget;
     virtual KWView *view() const = 0;
+    /// The panel above the view.
+    virtual QWidget *panel() const = 0;
 };
 
 /// A view with its filter panel above it. The pair owns both. With `viewFirst` the view is made
@@ -45,6 +47,7 @@ public:
     }
 
     View *view() const override { return m_view; }
+    QWidget *panel() const override { return m_filter; }
     Filter *filter() const { return m_filter; }
 
 private:

@@ -55,6 +55,7 @@ public:
     bool canSetAffinity() override;
     bool canRotate() override { return false; }
     void showGuest(KWGuest *guest) override;
+    AffinityCounts affinityCounts() override;
 
 public slots:
     virtual void updateOnNewGuest(KWGuest *guest);

@@ -8,6 +8,8 @@
 #include "gui/framework/kwprogress.h"
 #include "gui/panes/kwguestlistviewitem.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 QList<KWGuest *> KWGuestsListView::selectedGuests() const
@@ -68,6 +70,23 @@ void KWGuestsListView::setAffinity(int value)
             setProgress(i + 1, count);
     }
     document()->recalculateScores();
+}
+
+// By what the plan has stored, which is less than the square of a selection.
+KWView::AffinityCounts KWGuestsListView::affinityCounts()
+{
+    const QList<KWGuest *> guests = selectedGuests();
+    const QSet<const KWGuest *> selected(guests.cbegin(), guests.cend());
+    AffinityCounts counts{};
+    auto neutral = static_cast<int>(selected.size() * (selected.size() - 1) / 2);
+    for (const KWDocument::Affinity &wish : document()->affinities()) {
+        if (selected.contains(wish.first) && selected.contains(wish.second)) {
+            ++counts.at(static_cast<std::size_t>(wish.value));
+            --neutral;
+        }
+    }
+    counts.at(KWScore::Neutral) = neutral;
+    return counts;
 }
 
 bool KWGuestsListView::canDelete()

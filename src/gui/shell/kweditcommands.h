@@ -1,7 +1,10 @@
 #pragma once
 
+#include "gui/framework/kwview.h"
+
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class KWDocument;
@@ -23,14 +26,17 @@ class KWEditCommands : public QObject
 public:
     /// `window` owns this object, its actions and the plan.
     KWEditCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window, KWPanes *panes);
-    ~KWEditCommands() override;
 
     /// See KWMainWindow::saveUndoState().
     void saveUndoState(const QString &label);
+    /// A change behind an undo point, which is taken back if the plan is as it was before: then all
+    /// that could be undone and redone still can.
+    void change(const QString &label, const std::function<void()> &act);
     /// Forgets what could be undone and redone.
     void clearUndoStates();
-    /// What could be undone or redone is no longer what the plan's file holds.
-    void markUndoStatesModified();
+    /// What could be undone or redone is no longer what the plan's file holds, and belongs to that
+    /// file from now on: no undo leads a save to another one.
+    void planSaved();
     /// Brings the two actions up to date.
     void updateUndoActions();
 
@@ -54,17 +60,22 @@ signals:
     void planExchanged();
 
 private:
+    using Plan = std::shared_ptr<KWDocument>;
     /// Exchanges the live plan with `source`, which goes, and keeps a copy in `target`.
-    void swapPlans(std::unique_ptr<KWDocument> &source, std::unique_ptr<KWDocument> &target);
+    void swapPlans(Plan &source, Plan &target);
     void setAffinity(int value);
+    void tellAffinity(int value, const KWView::AffinityCounts &before);
 
     Ui::KWMainWin *m_ui;
     KWMainWindow *m_window;
     KWPanes *m_panes;
-    /// The words of the last undo point; undo and redo show the same.
-    QString m_undoLabel;
-    /// The plan before the last change; null if there is nothing to undo.
-    std::unique_ptr<KWDocument> m_undoDocument;
-    /// The plan as it was when undo ran; null if there is nothing to redo.
-    std::unique_ptr<KWDocument> m_redoDocument;
+    struct
+    {
+        /// The words of the last undo point; undo and redo show the same.
+        QString label;
+        /// The plan before the last change; null if there is nothing to undo.
+        Plan undo;
+        /// The plan as it was when undo ran; null if there is nothing to redo.
+        Plan redo;
+    } m_points;
 };

@@ -1,52 +1,34 @@
 #include "gui/shell/kwfilecommands.h"
 
 #include "core/model/kwdocument.h"
-#include "gui/dialogs/kwinfodlgimpl.h"
-#include "gui/dialogs/kwpreferencesdlgimpl.h"
 #include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
+#include "gui/floorplan/kwcanvasview.h"
 #include "gui/framework/kwbusy.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
 #include "gui/framework/kwprompts.h"
-#include "gui/framework/kwtimer.h"
 #include "gui/framework/kwusersettings.h"
-#include "gui/framework/kwview.h"
+#include "gui/shell/kwcommandguard.h"
 #include "gui/shell/kweditcommands.h"
 #include "gui/shell/kwpanes.h"
+#include "gui/shell/kwplanfiles.h"
 #include "ui_kwmainwin.h"
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int recentFileLimit = 5;
-
-const QString &planExtension()
-{
-    static const QString extension = u"kw"_s;
-    return extension;
-}
-
-const QString &backupExtension()
-{
-    static const QString extension = u"kwb"_s;
-    return extension;
-}
-
-QString absolutePath(const QString &path)
-{
-    return QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
-}
-} // namespace
-
 KWFileCommands::KWFileCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window,
-                               KWPanes *panes, KWEditCommands *edit, const Clock &clock)
+                               KWPanes *panes, KWEditCommands *edit, KWCommandGuard *guard,
+                               const KWBackups::Clock &clock)
     : QObject(parent)
     , m_ui(ui)
     , m_window(window)
     , m_panes(panes)
     , m_edit(edit)
-    , m_clock(clock)
+    , m_guard(guard)
+    , m_backups(this, clock)
+    , m_recentPlans(window->userSettings())
     , m_planDir(QDir::current())
 {
     m_planDir.cd(u"plans"_s);
@@ -56,8 +38,7 @@ KWFileCommands::KWFileCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow 
     connect(ui->m_openRecentAction, &QAction::triggered, this, &Commands::fileOpenRecent);
     connect(ui->m_fileSaveAction, &QAction::triggered, this, &Commands::fileSave);
     connect(ui->m_fileSaveAsAction, &QAction::triggered, this, &Commands::fileSaveAs);
-    connect(ui->m_fileInfo, &QAction::triggered, this, &Commands::fileInformation);
-    connect(ui->m_preferencesAction, &QAction::triggered, this, &Commands::preferences);
+    connect(&m_backups, &KWBackups::due, this, &Commands::autoSave);
 }
 
 QString KWFileCommands::planDirPath() const
@@ -86,7 +67,7 @@ KWFileCommands::SaveAnswer KWFileCommands::askToSave()
 void KWFileCommands::fileNew()
 {
     m_edit->clearUndoStates();
-    m_changedSinceBackup = false;
+    m_backups.setChangedSinceBackup(false);
     if (m_window->document()->isModified()) {
         switch (askToSave()) {
         case Save: {
@@ -103,7 +84,7 @@ void KWFileCommands::fileNew()
     }
     const KWBusy busy;
     m_window->document()->clear();
-    m_panes->setViewSettings({});
+    m_panes->showAllColumns();
     m_window->setActiveView(nullptr);
     m_panes->resizeFloorPlan();
     m_panes->refreshFloorPlan();
@@ -122,7 +103,7 @@ void KWFileCommands::fileOpen()
         }
     }
     const QString filters =
-        tr("Ambrelune (*.%1);;Ambrelune backup (*.%2)").arg(planExtension(), backupExtension());
+        tr("Ambrelune (*.%1);;Ambrelune backup (*.%2)").arg(planExtension, backupExtension);
     const QString path = prompts()
                              .askFile(m_window->widget(), {KWFileQuestion::Open, tr("Open"),
                                                            planDirPath(), filters, u"open plan"_s})
@@ -133,25 +114,28 @@ void KWFileCommands::fileOpen()
     openPlan(path);
 }
 
-void KWFileCommands::openPlan(const QString &path)
+bool KWFileCommands::openPlan(const QString &path)
 {
     KWDocument *plan = m_window->document();
     bool otherVersion = false;
-    int result = KWDocument::FileOk;
+    bool isOpen = false;
     {
         const KWBusy busy;
+        const KWCommandGuard::Hold hold(m_guard);
+        const QScopedValueRollback transferring(m_transferring, true);
         m_window->showStatusMessage(tr("Loading %1").arg(path));
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         {
-            const KWUpdateBlock block(m_panes->floorPlanView());
+            const KWUpdateBlock block(m_panes->floorPlan());
             KWViewSettings settings;
-            result = loadPlan(path, settings, otherVersion);
-            if (result == KWDocument::FileOk) {
+            const int result = loadPlan(path, settings, otherVersion);
+            isOpen = result == KWDocument::FileOk;
+            if (isOpen) {
                 m_panes->setViewSettings(settings);
                 plan->announceRefresh();
-                m_changedSinceBackup = false;
+                m_backups.setChangedSinceBackup(false);
                 m_edit->clearUndoStates();
-                addToRecentFiles(path);
+                noteUse(path);
             } else {
                 // Or saving would put the empty plan in the place of the file.
                 plan->setFileName(QString());
@@ -163,8 +147,16 @@ void KWFileCommands::openPlan(const QString &path)
         m_panes->refreshFloorPlan();
         m_window->updateActionsOnViewChange();
     }
-    if (result == KWDocument::FileOk && otherVersion)
+    if (isOpen && otherVersion)
         warnOfOtherVersion();
+    return isOpen;
+}
+
+void KWFileCommands::noteUse(const QString &path)
+{
+    m_planDir = QFileInfo(path).absoluteDir();
+    m_recentPlans.add(path);
+    updateMostRecentAction();
 }
 
 int KWFileCommands::loadPlan(const QString &path, KWViewSettings &settings, bool &otherVersion)
@@ -200,7 +192,7 @@ void KWFileCommands::warnOfOtherVersion()
 
 void KWFileCommands::fileOpenRecent()
 {
-    KWRecentlyOpenedDlgImpl dialog(m_window->widget(), m_recentFiles, docPath(),
+    KWRecentlyOpenedDlgImpl dialog(m_window->widget(), m_recentPlans.paths(), docPath(),
                                    m_window->userSettings());
     if (dialog.exec() == QDialog::Accepted)
         openPlan(dialog.selectedFile());
@@ -218,18 +210,18 @@ void KWFileCommands::fileSaveAs()
 {
     QString start = docPath();
     if (start.isEmpty())
-        start = u"%1%2.%3"_s.arg(planDirPath(), u"plan"_s, planExtension());
+        start = u"%1%2.%3"_s.arg(planDirPath(), u"plan"_s, planExtension);
     QString path = QDir::toNativeSeparators(
         prompts()
             .askFile(m_window->widget(),
                      {KWFileQuestion::Save, tr("Save As"), start,
-                      tr("Ambrelune (*.%1)").arg(planExtension()), u"save plan"_s})
+                      tr("Ambrelune (*.%1)").arg(planExtension), u"save plan"_s})
             .path);
     if (path.isEmpty())
         return;
     // The whole path counts: a dot in the name of a directory is enough.
     if (!path.contains(u'.'))
-        path = u"%1.%2"_s.arg(path, planExtension());
+        path = u"%1.%2"_s.arg(path, planExtension);
     if (QFile::exists(path) &&
         warningBox(tr("Do you wish to overwrite the existing file '%1'?").arg(path), tr("&OK"),
                    tr("&Cancel")) != 0) {
@@ -242,15 +234,17 @@ void KWFileCommands::fileSaveAs()
 void KWFileCommands::savePlan(const QString &path)
 {
     const KWBusy busy;
+    const KWCommandGuard::Hold hold(m_guard);
+    const QScopedValueRollback transferring(m_transferring, true);
     m_window->showStatusMessage(tr("Saving %1").arg(path));
     // A backup that failed was logged and does not keep the user from saving.
     if (m_window->userSettings()->backupOnSave() && QFileInfo(path).isFile())
-        backupPlan(path);
-    m_changedSinceBackup = false;
+        m_backups.backupPlan(path);
+    m_backups.setChangedSinceBackup(false);
     if (m_window->document()->save(path, m_panes->viewSettings()) == KWDocument::FileOk) {
         m_window->showStatusMessage(tr("Saved %1").arg(path));
-        m_edit->markUndoStatesModified();
-        addToRecentFiles(path);
+        m_edit->planSaved();
+        noteUse(path);
     } else {
         errorBox(tr("Unable to save plan to '%1'\nThe file may be read-only or you may have "
                     "insufficient access to save here.")
@@ -269,102 +263,14 @@ bool KWFileCommands::maySaveAndClose()
     return answer != Cancel;
 }
 
-bool KWFileCommands::backupPlan(const QString &path)
-{
-    const QString time = m_clock().toString(Qt::ISODate).replace(u':', u'-');
-    const QFileInfo plan(path);
-    const QString target = QDir::toNativeSeparators(
-        u"%1/%2_%3.%4"_s.arg(plan.absolutePath(), plan.baseName(), time, backupExtension()));
-    const bool copied = copyFile(path, target);
-    m_changedSinceBackup = !copied;
-    if (!copied)
-        qWarning("backup %s to %s failed", qPrintable(path), qPrintable(target));
-    return copied;
-}
-
-bool KWFileCommands::copyFile(const QString &from, const QString &to)
-{
-    if (!QFileInfo::exists(from) || !QFileInfo(from).isReadable() || from == to)
-        return false;
-    const QDir targetDir = QFileInfo(to).absoluteDir();
-    if (!targetDir.exists() && !targetDir.mkpath(u"."_s))
-        return false;
-    QFile source(from);
-    QFile target(to);
-    if (!source.open(QIODevice::ReadOnly) ||
-        !target.open(QIODevice::WriteOnly | QIODevice::Truncate,
-                     QFileDevice::ReadOwner | QFileDevice::WriteOwner))
-        return false;
-    constexpr qint64 blockSize = 512;
-    QByteArray block;
-    do {
-        block = source.read(blockSize);
-        target.write(block);
-    } while (block.size() == blockSize);
-    // What nobody else may read in the plan stays so in its copy.
-    target.setPermissions(source.permissions());
-    return true;
-}
-
 void KWFileCommands::autoSave()
 {
-    if (m_window->document()->isEmpty() || docPath().isEmpty() || !m_changedSinceBackup)
-        return;
-    if (backupPlan(docPath()))
+    // A file that is being read or written is not copied; then nothing is due any more.
+    if (!m_transferring && m_backups.autoSave(*m_window->document()))
         m_window->showStatusMessage(tr("Auto-save %1").arg(QFileInfo(docPath()).fileName()));
-}
-
-void KWFileCommands::setupAutoSave(bool on, int minutes)
-{
-    constexpr int minute = 60000;
-    if (!m_autoSaveTimer) {
-        m_autoSaveTimer = new KWTimer(m_window->widget(), u"auto save timer"_s, m_clock);
-        connect(m_autoSaveTimer, &KWTimer::timeout, this, &KWFileCommands::autoSave);
-    }
-    if (on && !m_autoSaveTimer->isActive())
-        m_autoSaveTimer->start(minutes * minute, false);
-    if (!on && m_autoSaveTimer->isActive())
-        m_autoSaveTimer->stop();
-    if (m_autoSaveTimer->interval() / minute != minutes)
-        m_autoSaveTimer->changeInterval(minutes * minute);
-}
-
-void KWFileCommands::loadRecentFiles()
-{
-    m_recentFiles = m_window->userSettings()->mostRecentFiles().mid(0, recentFileLimit);
-    updateMostRecentAction();
-}
-
-void KWFileCommands::addToRecentFiles(const QString &path)
-{
-    if (QFileInfo(path).completeSuffix().toLower() == backupExtension())
-        return;
-    const QString added = absolutePath(path);
-    m_recentFiles.removeIf([&added](const QString &file) { return absolutePath(file) == added; });
-    while (m_recentFiles.size() >= recentFileLimit)
-        m_recentFiles.removeLast();
-    m_recentFiles.prepend(added);
-    m_window->userSettings()->setMostRecentFiles(m_recentFiles);
-    updateMostRecentAction();
 }
 
 void KWFileCommands::updateMostRecentAction()
 {
-    const QString open = docPath().isEmpty() ? QString() : absolutePath(docPath());
-    m_ui->m_openRecentAction->setEnabled(
-        std::any_of(m_recentFiles.cbegin(), m_recentFiles.cend(),
-                    [&open](const QString &file) { return absolutePath(file) != open; }));
-}
-
-void KWFileCommands::fileInformation()
-{
-    KWInfoDlgImpl(m_window->widget(), m_window->document()).exec();
-}
-
-void KWFileCommands::preferences()
-{
-    KWUserSettings *settings = m_window->userSettings();
-    KWPreferencesDlgImpl dialog(m_window->widget(), settings);
-    if (dialog.exec() == QDialog::Accepted)
-        setupAutoSave(settings->backupAutoOn(), settings->backupAutoInterval());
+    m_ui->m_openRecentAction->setEnabled(m_recentPlans.hasOtherThan(docPath()));
 }

@@ -1,62 +1,45 @@
 #pragma once
 
-#include <QDateTime>
+#include "gui/shell/kwbackups.h"
+#include "gui/shell/kwrecentplans.h"
+
 #include <QDir>
-#include <QObject>
-#include <QStringList>
 
-#include <functional>
-
+class KWCommandGuard;
 class KWEditCommands;
 class KWMainWindow;
 class KWPanes;
-class KWTimer;
 struct KWViewSettings;
 
 namespace Ui {
 class KWMainWin;
 }
 
-/// The commands on plan files: new, open, save, the dated backups beside a plan and the list of
-/// recent plans; and the dialogs of the plan's facts and of the preferences.
+/// The commands on plan files: new, open and save, with their backups and the list of recent plans.
 class KWFileCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    using Clock = std::function<QDateTime()>;
-
     /// None of the pointers is owned. File dialogs start in the subdirectory "plans" of the
-    /// current directory if there is one, else in the current directory itself.
+    /// current directory if there is one, else in the current directory itself; later where the
+    /// last plan was opened or saved.
     KWFileCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window, KWPanes *panes,
-                   KWEditCommands *edit, const Clock &clock);
+                   KWEditCommands *edit, KWCommandGuard *guard, const KWBackups::Clock &clock);
 
-    /// Fetches the list of recent plans from the settings.
-    void loadRecentFiles();
-    const QStringList &recentFiles() const { return m_recentFiles; }
+    KWBackups *backups() { return &m_backups; }
+    const KWRecentPlans &recentPlans() const { return m_recentPlans; }
 
     /// Replaces the plan by a file's and tells of all that goes wrong; after a failure the plan is
-    /// empty and has no file.
-    void openPlan(const QString &path);
+    /// empty and has no file. Whether it was opened.
+    bool openPlan(const QString &path);
     /// Saves the plan and tells of a failure; the plan then stays modified.
     void savePlan(const QString &path);
-    /// Copies the file of a plan to one beside it with the time in its name.
-    bool backupPlan(const QString &path);
-    /// Copies a file over another and makes the directory for it. True also when single blocks
-    /// could not be read or written.
-    static bool copyFile(const QString &from, const QString &to);
-    /// Turns the timed backups on or off; `minutes` is the time between two.
-    void setupAutoSave(bool on, int minutes);
-    /// Backups stay out of the list.
-    void addToRecentFiles(const QString &path);
 
     /// With a separator at its end, and native ones.
     QString planDirPath() const;
     /// Empty for a plan without a file.
     QString docPath() const;
-
-    bool changedSinceBackup() const { return m_changedSinceBackup; }
-    void setChangedSinceBackup(bool changed) { m_changedSinceBackup = changed; }
 
     /// Asks what to do with changes that are not saved, and saves if wanted; false if the user
     /// does not want to go on.
@@ -71,12 +54,12 @@ public slots:
     /// Backs the plan's file up if the plan has changed since the last backup.
     void autoSave();
     void updateMostRecentAction();
-    void fileInformation();
-    void preferences();
 
 private:
     enum SaveAnswer { Save, DontSave, Cancel };
     SaveAnswer askToSave();
+    /// A file that was opened or saved is the last one used.
+    void noteUse(const QString &path);
     /// The result of KWDocument::load(), which is left to read files only.
     int loadPlan(const QString &path, KWViewSettings &settings, bool &otherVersion);
     void reportLoadResult(int result, const QString &path);
@@ -86,10 +69,10 @@ private:
     KWMainWindow *m_window;
     KWPanes *m_panes;
     KWEditCommands *m_edit;
-    Clock m_clock;
+    KWCommandGuard *m_guard;
+    KWBackups m_backups;
+    KWRecentPlans m_recentPlans;
     QDir m_planDir;
-    bool m_changedSinceBackup = false;
-    KWTimer *m_autoSaveTimer = nullptr;
-    /// The newest first, at most 5.
-    QStringList m_recentFiles;
+    /// A plan is being read or written.
+    bool m_transferring = false;
 };

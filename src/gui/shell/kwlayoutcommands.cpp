@@ -5,46 +5,16 @@
 #include "gui/framework/kwbusy.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
+#include "gui/shell/kwcommandguard.h"
+#include "gui/shell/kweditcommands.h"
 #include "ui_kwmainwin.h"
 
-#include <QAction>
-#include <QPointer>
-#include <QScopedValueRollback>
-
-namespace {
-
-/// Turns all commands of a window off while it lives. Most of what a user does waits for a modal
-/// dialog anyway, but a menu bar of the desktop, or an aid for the disabled, does not.
-class CommandsOff
-{
-public:
-    explicit CommandsOff(const QWidget *window)
-    {
-        for (QAction *action : window->findChildren<QAction *>()) {
-            if (action->isEnabled() && !action->menu()) {
-                m_actions.append(action);
-                action->setEnabled(false);
-            }
-        }
-    }
-    ~CommandsOff()
-    {
-        for (QAction *action : std::as_const(m_actions)) {
-            if (action)
-                action->setEnabled(true);
-        }
-    }
-    CommandsOff(const CommandsOff &) = delete;
-    CommandsOff &operator=(const CommandsOff &) = delete;
-
-private:
-    QList<QPointer<QAction>> m_actions;
-};
-} // namespace
-
-KWLayoutCommands::KWLayoutCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window)
+KWLayoutCommands::KWLayoutCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window,
+                                   KWEditCommands *edit, KWCommandGuard *guard)
     : QObject(parent)
     , m_window(window)
+    , m_edit(edit)
+    , m_guard(guard)
 {
     connect(ui->m_fileAutoLayoutAction, &QAction::triggered, this,
             &KWLayoutCommands::fileAutoLayout);
@@ -73,7 +43,7 @@ bool KWLayoutCommands::mayLayOut()
 
 void KWLayoutCommands::fileAutoLayout()
 {
-    if (m_isRunning || !mayLayOut())
+    if (m_guard->isHeld() || !mayLayOut())
         return;
     try {
         run();
@@ -81,15 +51,21 @@ void KWLayoutCommands::fileAutoLayout()
         errorBox(tr("Undefined exception.\nPlease contact support."), tr("OK"));
     }
     m_window->updateActionsOnViewChange();
-    emit finished();
 }
 
 void KWLayoutCommands::run()
 {
     const KWBusy busy;
-    const QScopedValueRollback running(m_isRunning, true);
+    const KWCommandGuard::Hold hold(m_guard);
+    KWDocument *plan = m_window->document();
+    const int before = plan->totalScore();
     m_window->showStatusMessage(tr("Auto layout"));
-    m_window->saveUndoState(tr("Auto layout"));
-    const CommandsOff off(m_window->widget());
-    KWAutoLayoutProgressDlgImpl(m_window->widget(), m_window->document()).runAutoLayout();
+    m_edit->change(tr("Auto layout"), [this, plan] {
+        KWAutoLayoutProgressDlgImpl(m_window->widget(), plan).runAutoLayout();
+    });
+    m_window->showStatusMessage(tr("Seated guests: %1 of %2. Score: %3 before, %4 after.")
+                                    .arg(plan->seatedGuestCount())
+                                    .arg(plan->guestCount())
+                                    .arg(before)
+                                    .arg(plan->totalScore()));
 }

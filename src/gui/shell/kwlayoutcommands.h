@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class KWCommandGuard;
+class KWEditCommands;
 class KWMainWindow;
 
 namespace Ui {
@@ -14,19 +16,12 @@ class KWLayoutCommands : public QObject
     Q_OBJECT
 
 public:
-    /// `window` owns this object and its actions.
-    KWLayoutCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window);
-
-    /// While a layout runs, nothing else may touch the plan, nor may the window close; its commands
-    /// are off.
-    bool isRunning() const { return m_isRunning; }
+    /// None of the pointers is owned.
+    KWLayoutCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow *window, KWEditCommands *edit,
+                     KWCommandGuard *guard);
 
 public slots:
     void fileAutoLayout();
-
-signals:
-    /// A layout has ended, in whatever way.
-    void finished();
 
 private:
     /// Whether a layout makes sense and is wanted; says so if not.
@@ -34,5 +29,6 @@ private:
     void run();
 
     KWMainWindow *m_window;
-    bool m_isRunning = false;
+    KWEditCommands *m_edit;
+    KWCommandGuard *m_guard;
 };

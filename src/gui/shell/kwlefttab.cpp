@@ -2,24 +2,15 @@
 
 #include "gui/appearance/kwpixmaps.h"
 
-#include <QEvent>
-
 KWLeftTab::KWLeftTab(QWidget *parent, KWDocument *document)
-    : KWCloseableTabWidget(parent, QStringLiteral("KWLeftTab"))
+    : KWCloseableTabWidget(parent, QStringLiteral("KWLeftTab"),
+                           {QT_TR_NOOP("Left pane"), QT_TR_NOOP("Hide left pane")})
     , m_guestsPage(new GuestsPage(this, document, false))
 {
-    addPage(m_guestsPage, KWPixmaps::instance().paneGuests(), QStringLiteral("Guests"),
-            tr("Guests"));
+    addPage(m_guestsPage, KWPixmaps::instance().paneGuests(), QT_TR_NOOP("Guests"));
 }
 
 KWGuestsListView *KWLeftTab::currentList() const
 {
     return dynamic_cast<KWGuestsListView *>(currentView());
-}
-
-void KWLeftTab::changeEvent(QEvent *event)
-{
-    KWCloseableTabWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        setTabText(indexOf(m_guestsPage), tr("Guests"));
 }

@@ -21,9 +21,6 @@ public:
     /// The list on the current page, or null.
     KWGuestsListView *currentList() const;
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     GuestsPage *m_guestsPage;
 };

@@ -4,8 +4,6 @@
 #include "gui/appearance/kwcolours.h"
 #include "gui/appearance/kwpixmaps.h"
 #include "gui/dialogs/kwgettingstarteddlgimpl.h"
-#include "gui/dialogs/kwguestdlgimpl.h"
-#include "gui/dialogs/kwtabledlgimpl.h"
 #include "gui/floorplan/kwcanvasview.h"
 #include "gui/framework/kwaccel.h"
 #include "gui/framework/kwbusy.h"
@@ -16,11 +14,12 @@
 #include "gui/framework/kwview.h"
 #include "gui/framework/kwwhatsthishelper.h"
 #include "gui/shell/kwbottomtab.h"
+#include "gui/shell/kwcommandguard.h"
+#include "gui/shell/kwdialogcommands.h"
 #include "gui/shell/kweditcommands.h"
 #include "gui/shell/kwexportcommands.h"
 #include "gui/shell/kwfilecommands.h"
 #include "gui/shell/kwhelpcommands.h"
-#include "gui/shell/kwinsertcommands.h"
 #include "gui/shell/kwlayoutcommands.h"
 #include "gui/shell/kwlefttab.h"
 #include "gui/shell/kwpanes.h"
@@ -30,8 +29,10 @@
 #include "gui/shell/kwviewcommands.h"
 #include "ui_kwmainwin.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QPrinter>
 #include <QThread>
 #include <QTimer>
@@ -41,16 +42,25 @@ namespace {
 constexpr int messageTime = 2000;
 constexpr int splashTime = 1000;
 
-/// Until the window has its place on the screen, over which a message about the plan will stand.
-void waitUntilPlaced(const QWidget &window)
+/// Until the window manager has done what it was asked for, but not for ever: it may not.
+void waitUntil(const std::function<bool()> &isDone)
 {
     constexpr int patience = 500;
     QElapsedTimer timer;
     timer.start();
-    while (!window.windowHandle()->isExposed() && timer.elapsed() < patience) {
+    while (!isDone() && timer.elapsed() < patience) {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         QThread::msleep(1);
     }
+}
+
+/// Until the window has its place on the screen, over which messages and dialogs will stand; and
+/// brings the splash in front of it.
+void waitUntilPlaced(const QWidget &window, QWidget *splash)
+{
+    waitUntil([&window] { return window.windowHandle()->isExposed(); });
+    if (splash)
+        splash->raise();
 }
 } // namespace
 
@@ -73,13 +83,20 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
     m_printer = std::make_unique<QPrinter>(QPrinter::ScreenResolution);
     setModelHooks();
 
+    makeCommands(clock);
+}
+
+void KWMainWinImpl::makeCommands(const Clock &clock)
+{
+    m_guard = new KWCommandGuard(this);
     m_panes = new KWPanes(this);
-    m_viewCommands = new KWViewCommands(this, m_ui.get(), &m_document, m_panes);
+    m_viewCommands = new KWViewCommands(this, m_ui.get(), &m_document, m_panes, m_guard);
     m_editCommands = new KWEditCommands(this, m_ui.get(), this, m_panes);
-    m_fileCommands = new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, clock);
+    m_fileCommands =
+        new KWFileCommands(this, m_ui.get(), this, m_panes, m_editCommands, m_guard, clock);
     m_helpCommands = new KWHelpCommands(this, m_ui.get(), this);
-    m_insertCommands = new KWInsertCommands(this, m_ui.get(), this);
-    m_layoutCommands = new KWLayoutCommands(this, m_ui.get(), this);
+    m_dialogCommands = new KWDialogCommands(this, m_ui.get(), this);
+    m_layoutCommands = new KWLayoutCommands(this, m_ui.get(), this, m_editCommands, m_guard);
     m_exportCommands = new KWExportCommands(this, this, m_panes, m_fileCommands);
     connect(m_ui->m_exportFloorPlanAction, &QAction::triggered, m_exportCommands,
             &KWExportCommands::fileExportFloorPlan);
@@ -87,49 +104,64 @@ KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
         updateCaption(m_document.fileName());
         m_fileCommands->updateMostRecentAction();
     });
+    connect(m_dialogCommands, &KWDialogCommands::preferencesChanged, this,
+            &KWMainWinImpl::setupAutoSave);
     connect(m_ui->m_fileExitAction, &QAction::triggered, this, &QWidget::close);
 }
 
 KWMainWinImpl::~KWMainWinImpl()
 {
     modelHooks() = {};
-    m_viewCommands->setActiveView(nullptr, m_statusBar);
+    m_viewCommands->setActiveView(nullptr);
     for (KWCloseableTabWidget *tab : findChildren<KWCloseableTabWidget *>())
         tab->blockSignals(true);
+    // The focus goes from one view to the next while they go.
+    m_panes->blockSignals(true);
     // The views look into the plan, which would go before them.
     delete takeCentralWidget();
 }
 
 void KWMainWinImpl::initialise(KWSplashScreen *splash, const QStringList &arguments)
 {
-    m_fileCommands->loadRecentFiles();
+    m_fileCommands->updateMostRecentAction();
     m_panes->create(this, &m_document);
     connectPanes();
     finishActions();
     delete statusBar();
     m_statusBar = new KWStatusBar(this);
     setStatusBar(m_statusBar);
+    connect(m_viewCommands, &KWViewCommands::activeViewChanged, m_statusBar,
+            &KWStatusBar::setViewIcon);
     connect(&m_document, &KWDocument::eventModified, this, &KWMainWinImpl::updateChangedDoc);
     updateChangedDoc();
-    m_fileCommands->setChangedSinceBackup(false);
+    m_fileCommands->backups()->setChangedSinceBackup(false);
     resize(QSize(725, 519).expandedTo(minimumSizeHint()));
+    m_panes->leftTab()->guestsView()->setFocus();
     show();
     raise();
+    const QPointer<QWidget> shownSplash = splash;
     if (splash)
         QTimer::singleShot(splashTime, splash, &QWidget::close);
     updateCaption(QString());
-    if (arguments.size() > 1) {
-        waitUntilPlaced(*this);
-        m_fileCommands->openPlan(arguments.at(1));
-    }
+    waitUntilPlaced(*this, shownSplash);
+    const bool isPlanOpen = arguments.size() > 1 && m_fileCommands->openPlan(arguments.at(1));
     // Not before the plan is open, or it would be backed up at once.
-    m_fileCommands->setupAutoSave(m_userSettings->backupAutoOn(),
-                                  m_userSettings->backupAutoInterval());
-    if (m_userSettings->appearanceMaximised())
+    setupAutoSave();
+    if (m_userSettings->appearanceMaximised()) {
+        const QSize before = size();
         showMaximized();
-    showStartDialogs();
+        waitUntil([this, before] { return size() != before; });
+        waitUntilPlaced(*this, shownSplash);
+    }
+    showStartDialogs(isPlanOpen);
     makeHiddenShortcuts();
     new KWWhatsThisHelper(this);
+}
+
+void KWMainWinImpl::setupAutoSave()
+{
+    m_fileCommands->backups()->setupAutoSave(m_userSettings->backupAutoOn(),
+                                             m_userSettings->backupAutoInterval());
 }
 
 void KWMainWinImpl::setModelHooks()
@@ -143,23 +175,30 @@ void KWMainWinImpl::setModelHooks()
 
 void KWMainWinImpl::disableUnbuiltCommands()
 {
+    auto *unbuilt = new QActionGroup(this);
+    unbuilt->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+    unbuilt->setEnabled(false);
     for (QAction *action :
          {m_ui->m_importDataAction, m_ui->m_exportDataAction, m_ui->m_exportTableChartAction,
           m_ui->m_exportGuestChartAction, m_ui->m_insertNewGuestCoupleAction,
           m_ui->m_insertNewFamilyGuestAction, m_ui->m_insertNewFriendsAction})
-        action->setEnabled(false);
+        unbuilt->addAction(action);
 }
 
 void KWMainWinImpl::connectPanes()
 {
-    connect(m_panes->leftTab(), &KWCloseableTabWidget::visibilityChange, m_ui->m_viewLeftPaneAction,
-            &QAction::setChecked);
-    connect(m_panes->topTab(), &KWCloseableTabWidget::visibilityChange, m_ui->m_viewTopPaneAction,
-            &QAction::setChecked);
-    connect(m_panes->bottomTab(), &KWCloseableTabWidget::visibilityChange,
-            m_ui->m_viewBottomPaneAction, &QAction::setChecked);
-    for (KWCloseableTabWidget *tab : {static_cast<KWCloseableTabWidget *>(m_panes->topTab()),
-                                      static_cast<KWCloseableTabWidget *>(m_panes->leftTab())}) {
+    const auto follow = [this](KWCloseableTabWidget *tab, QAction *action) {
+        connect(tab, &KWCloseableTabWidget::visibilityChange, action, &QAction::setChecked);
+        connect(tab, &KWCloseableTabWidget::visibilityChange, m_viewCommands,
+                &KWViewCommands::dropHiddenView);
+    };
+    follow(m_panes->leftTab(), m_ui->m_viewLeftPaneAction);
+    follow(m_panes->topTab(), m_ui->m_viewTopPaneAction);
+    follow(m_panes->bottomTab(), m_ui->m_viewBottomPaneAction);
+    connect(m_panes, &KWPanes::viewFocused, this, &KWMainWinImpl::setActiveView);
+    for (KWCloseableTabWidget *tab : m_panes->tabs()) {
+        if (tab == m_panes->bottomTab())
+            continue;
         connect(tab, &QTabWidget::currentChanged, this,
                 [this, tab](int index) { updateActionsOnPaneViewChange(tab->widget(index)); });
     }
@@ -194,14 +233,14 @@ void KWMainWinImpl::makeHiddenShortcuts()
     addAccel(this, Qt::Key_F5, m_viewCommands, &KWViewCommands::refreshAll);
 }
 
-void KWMainWinImpl::showStartDialogs()
+void KWMainWinImpl::showStartDialogs(bool isPlanOpen)
 {
     if (m_userSettings->helpShowGettingStarted()) {
         const KWArrowCursor arrow;
         KWGettingStartedDlgImpl(this, m_userSettings.get()).exec();
     }
-    if (m_userSettings->mostRecentShowAtStart() && !m_fileCommands->recentFiles().isEmpty() &&
-        m_fileCommands->docPath().isEmpty())
+    if (m_userSettings->mostRecentShowAtStart() && !isPlanOpen &&
+        !m_fileCommands->recentPlans().paths().isEmpty())
         m_fileCommands->fileOpenRecent();
 }
 
@@ -212,7 +251,7 @@ void KWMainWinImpl::saveUndoState(const QString &label)
 
 void KWMainWinImpl::setActiveView(KWView *view)
 {
-    m_viewCommands->setActiveView(view, m_statusBar);
+    m_viewCommands->setActiveView(view);
 }
 
 KWView *KWMainWinImpl::activeView() const
@@ -245,20 +284,17 @@ QAction *KWMainWinImpl::editAction(EditAction action)
 
 void KWMainWinImpl::editGuest(KWGuest *guest)
 {
-    KWGuestDlgImpl(this, &m_document, guest).exec();
-    updateActionsOnViewChange();
+    m_dialogCommands->editGuest(guest);
 }
 
 void KWMainWinImpl::editGroup(KWGroup *group)
 {
-    KWGuestDlgImpl(this, &m_document, group).exec();
-    updateActionsOnViewChange();
+    m_dialogCommands->editGroup(group);
 }
 
 void KWMainWinImpl::editTable(KWTable *table)
 {
-    KWTableDlgImpl(this, &m_document, table).exec();
-    updateActionsOnViewChange();
+    m_dialogCommands->editTable(table);
 }
 
 QPoint KWMainWinImpl::floorPlanCentre()
@@ -323,9 +359,11 @@ void KWMainWinImpl::updateCopyAction()
 
 void KWMainWinImpl::updateChangedDoc()
 {
-    m_fileCommands->setChangedSinceBackup(true);
+    m_fileCommands->backups()->setChangedSinceBackup(true);
     updateScore();
-    m_ui->m_exportFloorPlanAction->setEnabled(!m_document.isEmpty());
+    for (QAction *action : {m_ui->m_exportDataAction, m_ui->m_exportTableChartAction,
+                            m_ui->m_exportGuestChartAction, m_ui->m_exportFloorPlanAction})
+        action->setEnabled(!m_document.isEmpty());
     m_ui->m_fileAutoLayoutAction->setEnabled(m_document.guestCount() > 0);
     updatePrintAction();
     updateCopyAction();
@@ -361,12 +399,9 @@ void KWMainWinImpl::fileExit()
 
 void KWMainWinImpl::closeEvent(QCloseEvent *event)
 {
-    if (m_layoutCommands->isRunning()) {
+    if (m_guard->isHeld()) {
         // The session ends, for one; the plan has to be whole before it can be saved.
-        m_document.abortProcessing();
-        connect(m_layoutCommands, &KWLayoutCommands::finished, this, &KWMainWinImpl::close,
-                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection |
-                                                Qt::SingleShotConnection));
+        closeLater();
         event->ignore();
         return;
     }
@@ -374,17 +409,17 @@ void KWMainWinImpl::closeEvent(QCloseEvent *event)
     m_userSettings->setAppearanceMaximised(isMaximized());
 }
 
+void KWMainWinImpl::closeLater()
+{
+    m_document.abortProcessing();
+    connect(m_guard, &KWCommandGuard::released, this, &KWMainWinImpl::close,
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection |
+                                            Qt::SingleShotConnection));
+}
+
 void KWMainWinImpl::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         languageChange();
-}
-
-bool KWMainWinImpl::focusNextPrevChild(bool next)
-{
-    const bool moved = QMainWindow::focusNextPrevChild(next);
-    if (auto *view = dynamic_cast<KWView *>(focusWidget()))
-        setActiveView(view);
-    return moved;
 }

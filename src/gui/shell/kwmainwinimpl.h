@@ -9,11 +9,12 @@
 #include <functional>
 #include <memory>
 
+class KWCommandGuard;
+class KWDialogCommands;
 class KWEditCommands;
+class KWExportCommands;
 class KWFileCommands;
 class KWHelpCommands;
-class KWExportCommands;
-class KWInsertCommands;
 class KWLayoutCommands;
 class KWPanes;
 class KWSplashScreen;
@@ -82,17 +83,22 @@ public slots:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
-    bool focusNextPrevChild(bool next) override;
 
 private:
     void setModelHooks();
+    void makeCommands(const Clock &clock);
+    /// Of commands that come with what they need: they stay off whatever else enables them.
     void disableUnbuiltCommands();
+    void setupAutoSave();
+    /// Not while the plan is being read, written or laid out: then when that is done.
+    void closeLater();
     void connectPanes();
     void finishActions();
     /// What the form cannot say about the actions, in the language of the moment.
     void translateActions();
     void makeHiddenShortcuts();
-    void showStartDialogs();
+    /// A list of recent plans would only cover one that is open.
+    void showStartDialogs(bool isPlanOpen);
 
     std::unique_ptr<Ui::KWMainWin> m_ui;
     KWDocument m_document;
@@ -100,11 +106,12 @@ private:
     std::unique_ptr<QPrinter> m_printer;
     KWStatusBar *m_statusBar = nullptr;
     KWPanes *m_panes;
+    KWCommandGuard *m_guard;
     KWViewCommands *m_viewCommands;
     KWEditCommands *m_editCommands;
     KWFileCommands *m_fileCommands;
     KWHelpCommands *m_helpCommands;
-    KWInsertCommands *m_insertCommands;
+    KWDialogCommands *m_dialogCommands;
     KWExportCommands *m_exportCommands;
     KWLayoutCommands *m_layoutCommands;
 };

@@ -6,11 +6,13 @@
 #include "gui/shell/kwlefttab.h"
 #include "gui/shell/kwtoptab.h"
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QSplitter>
 
 void KWPanes::create(QMainWindow *window, KWDocument *document)
 {
+    m_window = window;
     auto *outer = new QSplitter(Qt::Horizontal, window);
     outer->setChildrenCollapsible(false);
     window->setCentralWidget(outer);
@@ -20,6 +22,34 @@ void KWPanes::create(QMainWindow *window, KWDocument *document)
     m_topTab = new KWTopTab(inner, document);
     m_bottomTab = new KWBottomTab(inner, document);
     inner->setSizes({300, 200});
+    connect(qApp, &QApplication::focusChanged, this, &KWPanes::followFocus);
+}
+
+void KWPanes::followFocus(const QWidget *, QWidget *now)
+{
+    // It may be in an editor of a row, for one.
+    for (QWidget *widget = now; widget && widget->window() == m_window;
+         widget = widget->parentWidget()) {
+        if (auto *view = dynamic_cast<KWView *>(widget)) {
+            emit viewFocused(view);
+            return;
+        }
+    }
+}
+
+QList<KWCloseableTabWidget *> KWPanes::tabs() const
+{
+    if (!m_topTab)
+        return {};
+    return {m_bottomTab, m_leftTab, m_topTab};
+}
+
+QList<KWView *> KWPanes::views() const
+{
+    QList<KWView *> views;
+    for (const KWCloseableTabWidget *tab : tabs())
+        views.append(tab->views());
+    return views;
 }
 
 KWView *KWPanes::viewOn(QWidget *page) const
@@ -34,9 +64,9 @@ KWView *KWPanes::topView() const
     return m_topTab ? m_topTab->currentView() : nullptr;
 }
 
-KWView *KWPanes::floorPlanView() const
+QString KWPanes::topLabel() const
 {
-    return m_topTab ? m_topTab->viewNamed(u"Floor plan") : nullptr;
+    return m_topTab ? m_topTab->currentLabel() : QString();
 }
 
 KWCanvasView *KWPanes::floorPlan() const
@@ -64,14 +94,9 @@ KWGuestsListView *KWPanes::currentList() const
 bool KWPanes::canShowGuestInPlan(const KWView *activeView) const
 {
     KWGuestsListView *list = currentList();
-    if (!list || !activeView ||
-        (activeView != m_leftTab->viewNamed(u"Guests") &&
-         activeView != m_leftTab->viewNamed(u"Groups")))
-        return false;
     const KWView *top = topView();
-    if (!top || (top != floorPlanView() && top != m_topTab->viewNamed(u"Schematic")))
-        return false;
-    return list->numSelected() == 1 && list->document()->findGuest(list->firstSelectedGuest());
+    return list && list == activeView && top && top->showsSeats() && list->numSelected() == 1 &&
+           list->document()->findGuest(list->firstSelectedGuest());
 }
 
 KWViewSettings KWPanes::viewSettings() const
@@ -107,13 +132,9 @@ void KWPanes::setViewSettings(const KWViewSettings &settings)
     m_leftTab->guestsFilter()->readSettings(settings);
 }
 
-QList<KWView *> KWPanes::viewsToBlock() const
+void KWPanes::showAllColumns()
 {
-    if (!m_topTab)
-        return {};
-    QList<KWView *> views{m_bottomTab->viewNamed(u"Proximity"), m_leftTab->viewNamed(u"Guests"),
-                          m_leftTab->viewNamed(u"Groups"), floorPlanView(),
-                          m_topTab->viewNamed(u"Schematic")};
-    views.removeAll(nullptr);
-    return views;
+    m_viewSettings = {};
+    if (m_leftTab)
+        m_leftTab->guestsFilter()->readSettings({});
 }

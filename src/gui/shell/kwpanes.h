@@ -6,6 +6,7 @@
 
 class KWBottomTab;
 class KWCanvasView;
+class KWCloseableTabWidget;
 class KWDocument;
 class KWGuestsListView;
 class KWLeftTab;
@@ -27,14 +28,20 @@ public:
     KWLeftTab *leftTab() const { return m_leftTab; }
     KWTopTab *topTab() const { return m_topTab; }
     KWBottomTab *bottomTab() const { return m_bottomTab; }
+    /// The panes from the bottom one, which a deletion holds back first, to the left and the top
+    /// one.
+    QList<KWCloseableTabWidget *> tabs() const;
+    /// All views of all panes, in that order.
+    QList<KWView *> views() const;
 
     /// The view on a page of the left or the top pane; null for any other page.
     KWView *viewOn(QWidget *page) const;
     /// The current view of the top pane, which is what is printed and copied; null if there is
     /// none.
     KWView *topView() const;
-    KWView *floorPlanView() const;
-    /// The same as what it is; null if there are no panes yet.
+    /// What the user calls it.
+    QString topLabel() const;
+    /// Null if there are no panes yet.
     KWCanvasView *floorPlan() const;
     /// Brings the floor plan to the size of the plan's room.
     void resizeFloorPlan();
@@ -45,15 +52,22 @@ public:
     /// Whether the guest that is selected in the current list can be shown in the top pane, with
     /// this view as the active one.
     bool canShowGuestInPlan(const KWView *activeView) const;
-    /// The views that a deletion changes, in the order in which it holds back their painting.
-    QList<KWView *> viewsToBlock() const;
 
     /// How the panes show the plan, to be saved with it.
     KWViewSettings viewSettings() const;
     /// Shows the plan as it was saved.
     void setViewSettings(const KWViewSettings &settings);
+    /// What a new plan brings back; all else of the panes stays as it was.
+    void showAllColumns();
+
+signals:
+    /// The keyboard is in a view now.
+    void viewFocused(KWView *view);
 
 private:
+    void followFocus(const QWidget *old, QWidget *now);
+
+    QMainWindow *m_window = nullptr;
     KWLeftTab *m_leftTab = nullptr;
     KWTopTab *m_topTab = nullptr;
     KWBottomTab *m_bottomTab = nullptr;

@@ -23,9 +23,6 @@ public:
     /// Always null: nobody shows the trace.
     KWDebugView *debugView() const { return nullptr; }
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     FloorPlanPage *m_floorPlanPage;
 };

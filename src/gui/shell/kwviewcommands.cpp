@@ -5,11 +5,13 @@
 #include "gui/framework/kwview.h"
 #include "gui/panes/kwguestslistview.h"
 #include "gui/shell/kwbottomtab.h"
+#include "gui/shell/kwcommandguard.h"
 #include "gui/shell/kwlefttab.h"
 #include "gui/shell/kwpanes.h"
-#include "gui/shell/kwstatusbar.h"
 #include "gui/shell/kwtoptab.h"
 #include "ui_kwmainwin.h"
+
+#include <numeric>
 
 namespace {
 
@@ -29,21 +31,17 @@ void showChecked(QAction *action, bool checked)
     const QSignalBlocker blocker(action);
     action->setChecked(checked);
 }
-
-QString nameOf(KWView *view)
-{
-    const auto *widget = dynamic_cast<QWidget *>(view);
-    return widget ? widget->objectName() : QString();
-}
 } // namespace
 
 KWViewCommands::KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *document,
-                               KWPanes *panes)
+                               KWPanes *panes, KWCommandGuard *guard)
     : QObject(parent)
     , m_ui(ui)
     , m_document(document)
     , m_panes(panes)
+    , m_guard(guard)
 {
+    connect(guard, &KWCommandGuard::changed, this, &KWViewCommands::updateActionsOnViewChange);
     connect(ui->m_viewLeftPaneAction, &QAction::toggled, this, &KWViewCommands::showLeftPane);
     connect(ui->m_viewTopPaneAction, &QAction::toggled, this, &KWViewCommands::showTopPane);
     connect(ui->m_viewBottomPaneAction, &QAction::toggled, this, &KWViewCommands::showBottomPane);
@@ -53,14 +51,21 @@ KWViewCommands::KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *d
             &KWViewCommands::showGuestInPlan);
 }
 
-void KWViewCommands::setActiveView(KWView *view, KWStatusBar *statusBar)
+void KWViewCommands::setActiveView(KWView *view)
 {
     if (view != m_activeView) {
         m_activeView = view;
-        if (statusBar)
-            statusBar->setViewIcon(iconOf(view));
+        emit activeViewChanged(iconOf(view));
     }
     updateActionsOnViewChange();
+}
+
+void KWViewCommands::dropHiddenView()
+{
+    const auto *widget = dynamic_cast<QWidget *>(m_activeView);
+    // Not isVisible(): a pane tells that it goes before what is in it does.
+    if (widget && !widget->isVisibleTo(widget->window()))
+        setActiveView(nullptr);
 }
 
 void KWViewCommands::updateActionsOnViewChange()
@@ -74,17 +79,29 @@ void KWViewCommands::updateActionsOnViewChange()
     showChecked(m_ui->m_editLockAction, view && view->isLocked());
     m_ui->m_editAcceptedAction->setEnabled(view && view->canSetAccepted());
     showChecked(m_ui->m_editAcceptedAction, view && view->hasAccepted());
-    const bool proximity = view && view->canSetAffinity();
-    m_ui->m_editSetAffinityActionGroup->setEnabled(proximity);
-    m_ui->m_proximityMenu->setEnabled(proximity);
+    updateAffinityActions();
     m_ui->m_showGuestInPlanAction->setEnabled(m_panes->canShowGuestInPlan(view));
+}
+
+void KWViewCommands::updateAffinityActions()
+{
+    const bool can = m_activeView && m_activeView->canSetAffinity() && !m_guard->isOff();
+    m_ui->m_editSetAffinityActionGroup->setEnabled(can);
+    m_ui->m_proximityMenu->setEnabled(can);
+    const KWView::AffinityCounts counts =
+        can ? m_activeView->affinityCounts() : KWView::AffinityCounts();
+    const int pairs = std::accumulate(counts.cbegin(), counts.cend(), 0);
+    const QList<QAction *> actions = m_ui->m_editSetAffinityActionGroup->actions();
+    for (int i = 0; i < actions.size(); ++i)
+        showChecked(actions[i], pairs > 0 && counts.at(static_cast<std::size_t>(i)) == pairs);
 }
 
 void KWViewCommands::updatePrintAction()
 {
     KWView *view = m_panes->topView();
     const bool can = view && view->canPrint();
-    m_ui->m_filePrintAction->setText(can ? tr("Print %1...").arg(nameOf(view)) : tr("Print..."));
+    m_ui->m_filePrintAction->setText(can ? tr("Print %1...").arg(m_panes->topLabel())
+                                         : tr("Print..."));
     m_ui->m_filePrintAction->setEnabled(can && !m_document->isEmpty());
 }
 
@@ -92,7 +109,7 @@ void KWViewCommands::updateCopyAction()
 {
     KWView *view = m_panes->topView();
     const bool can = view && view->canCopy();
-    m_ui->m_editCopyAction->setText(can ? tr("Copy %1").arg(nameOf(view)) : tr("Copy"));
+    m_ui->m_editCopyAction->setText(can ? tr("Copy %1").arg(m_panes->topLabel()) : tr("Copy"));
     m_ui->m_editCopyAction->setEnabled(can && !m_document->isEmpty());
 }
 

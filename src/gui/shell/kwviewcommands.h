@@ -2,9 +2,9 @@
 
 #include <QObject>
 
+class KWCommandGuard;
 class KWDocument;
 class KWPanes;
-class KWStatusBar;
 class KWView;
 
 namespace Ui {
@@ -18,11 +18,13 @@ class KWViewCommands : public QObject
 
 public:
     /// None of the arguments is owned.
-    KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *document, KWPanes *panes);
+    KWViewCommands(QObject *parent, Ui::KWMainWin *ui, KWDocument *document, KWPanes *panes,
+                   KWCommandGuard *guard);
 
     KWView *activeView() const { return m_activeView; }
-    /// `statusBar` may be null while there is none.
-    void setActiveView(KWView *view, KWStatusBar *statusBar);
+    void setActiveView(KWView *view);
+    /// Commands on what nobody sees any more would surprise.
+    void dropHiddenView();
 
 public slots:
     void updateActionsOnViewChange();
@@ -40,9 +42,16 @@ public slots:
     /// Makes every view build itself anew.
     void refreshAll();
 
+signals:
+    /// Another view is active, which has this icon, perhaps a null one.
+    void activeViewChanged(const QPixmap &icon);
+
 private:
+    void updateAffinityActions();
+
     Ui::KWMainWin *m_ui;
     KWDocument *m_document;
     KWPanes *m_panes;
+    KWCommandGuard *m_guard;
     KWView *m_activeView = nullptr;
 };

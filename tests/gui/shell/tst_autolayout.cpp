@@ -161,12 +161,16 @@ private slots:
     {
         LayoutWindow open;
         const QByteArray before = open.plan().toPlanText({});
+        const int scoreBefore = open.plan().totalScore();
         open.layOut();
         QCOMPARE(open.plan().seatedGuestCount(), 16);
         QCOMPARE(open.prompts.texts(), QStringList());
         QVERIFY(open.plan().isModified());
         QVERIFY(!QApplication::overrideCursor());
-        QCOMPARE(open.window.statusBar()->currentMessage(), s("Auto layout"));
+        QCOMPARE(open.window.statusBar()->currentMessage(),
+                 s("Seated guests: 16 of 16. Score: %1 before, %2 after.")
+                     .arg(scoreBefore)
+                     .arg(open.plan().totalScore()));
         const QByteArray after = open.plan().toPlanText({});
         QVERIFY(after != before);
         // The floor plan shows the new guests.

@@ -32,8 +32,11 @@ struct ActiveView
                          .canSetAccepted = true,
                          .canSetAffinity = true,
                          .canRotate = true};
+        view->onCall = [this] { change(); };
         open.window.setActiveView(view);
     }
+
+    void change() { open.plan().setEvent(open.plan().event() + u'x'); }
 
     OpenWindow open;
     FakeView *view;
@@ -80,6 +83,7 @@ private slots:
         QString labelInCall;
         bool isBusyInCall = !isBusy;
         active.view->onCall = [&] {
+            active.change();
             labelInCall = undoText(active.open);
             isBusyInCall = waits();
         };
@@ -157,8 +161,9 @@ private slots:
         open.run("m_editDeleteAction");
         QCOMPARE(log.join(s(", ")),
                  s("Proximity block, Guests block, Groups block, Floor plan block, "
-                   "Schematic block, Guests deleteSelection, Proximity unblock, Guests unblock, "
-                   "Groups unblock, Floor plan unblock, Schematic unblock"));
+                   "Schematic block, Table chart block, Guests deleteSelection, "
+                   "Proximity unblock, Guests unblock, Groups unblock, Floor plan unblock, "
+                   "Schematic unblock, Table chart unblock"));
         for (const FakeView *view : open.window.findChildren<FakeView *>())
             QVERIFY2(view->updatesEnabled(), qPrintable(view->objectName()));
     }
@@ -174,20 +179,33 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
-    void aDeletionThatIsRefusedHasUsedUpTheUndoLevel()
+    void aCommandThatChangesNothingTakesNoUndoPointAndKeepsTheRedo_data()
     {
-        ActiveView active;
-        addGuest(active.open.plan(), {"Ann"});
-        const QByteArray before = active.open.plan().toPlanText({});
-        active.open.window.saveUndoState(s("Lock"));
-        active.open.run("m_editUndoAction");
-        active.view->onCall = [] {};
-        active.open.run("m_editDeleteAction");
-        QCOMPARE(undoText(active.open), s("&Undo Delete"));
-        QVERIFY(active.open.action("m_editUndoAction")->isEnabled());
-        QVERIFY(!active.open.action("m_editRedoAction")->isEnabled());
-        active.open.run("m_editUndoAction");
-        QCOMPARE(active.open.plan().toPlanText({}), before);
+        theCommandReachesTheActiveViewBehindItsUndoPoint_data();
+        // As after a question that was answered with no.
+        QTest::newRow("m_editDeleteAction")
+            << QByteArray("m_editDeleteAction") << QString() << QString() << true;
+    }
+
+    void aCommandThatChangesNothingTakesNoUndoPointAndKeepsTheRedo()
+    {
+        QFETCH(QByteArray, action);
+        for (const bool isTold : {false, true}) {
+            ActiveView active;
+            addGuest(active.open.plan(), {"Ann"});
+            active.open.window.saveUndoState(s("before"));
+            active.open.run("m_editUndoAction");
+            // What is told may still be as it was.
+            active.view->onCall = [&] {
+                if (isTold)
+                    active.open.plan().announceModified();
+            };
+            active.open.run(action.constData());
+            QVERIFY(!active.view->calls.isEmpty());
+            QCOMPARE(undoText(active.open), s("&Undo"));
+            QCOMPARE(active.open.action("m_editRedoAction")->text(), s("&Redo before"));
+            QVERIFY(active.open.action("m_editRedoAction")->isEnabled());
+        }
     }
 
     void theUndoPointIsThereWhenTheViewAsks()

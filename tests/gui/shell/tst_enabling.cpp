@@ -161,9 +161,9 @@ private slots:
     {
         OpenWindow open;
         open.removeTopPages();
-        QVERIFY(!open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
         addGuest(open.plan(), {"Ann"});
-        QVERIFY(open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(open.window.fileCommands()->backups()->changedSinceBackup());
     }
 
 private:

@@ -51,9 +51,9 @@ private slots:
         PlanFolder folder;
         OpenWindow open;
         const QString path = folder.writePlan(s("one.kw"), 2);
-        QVERIFY(open.window.fileCommands()->backupPlan(path));
+        QVERIFY(open.window.fileCommands()->backups()->backupPlan(path));
         QCOMPARE(folder.files(), QStringList({s("one.kw"), s("one_2026-06-13T14-30-05.kwb")}));
-        QVERIFY(!open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
     }
 
     void aBackupOfAMissingFileFailsAndIsStillDue()
@@ -64,8 +64,8 @@ private slots:
                              qPrintable(s("backup %1 to %2 failed")
                                             .arg(folder.path(s("one.kw")),
                                                  folder.path(s("one_2026-06-13T14-30-05.kwb")))));
-        QVERIFY(!open.window.fileCommands()->backupPlan(folder.path(s("one.kw"))));
-        QVERIFY(open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->backupPlan(folder.path(s("one.kw"))));
+        QVERIFY(open.window.fileCommands()->backups()->changedSinceBackup());
         QCOMPARE(folder.files(), QStringList());
     }
 
@@ -85,7 +85,7 @@ private slots:
             bytes[i] = char(i * 7);
         folder.writeFile(s("from"), bytes);
         folder.writeFile(s("to"), QByteArray(200000, 'x'));
-        QVERIFY(KWFileCommands::copyFile(folder.path(s("from")), folder.path(s("to"))));
+        QVERIFY(KWBackups::copyFile(folder.path(s("from")), folder.path(s("to"))));
         QFile copy(folder.path(s("to")));
         QVERIFY(copy.open(QIODevice::ReadOnly));
         QCOMPARE(copy.readAll(), bytes);
@@ -95,7 +95,7 @@ private slots:
     {
         PlanFolder folder;
         folder.writeFile(s("from"), "text");
-        QVERIFY(KWFileCommands::copyFile(folder.path(s("from")), folder.path(s("a/b/to"))));
+        QVERIFY(KWBackups::copyFile(folder.path(s("from")), folder.path(s("a/b/to"))));
         QVERIFY(QFile::exists(folder.path(s("a/b/to"))));
     }
 
@@ -103,17 +103,17 @@ private slots:
     {
         PlanFolder folder;
         const QString from = folder.writeFile(s("from"), "text");
-        QVERIFY(!KWFileCommands::copyFile(from, from));
-        QVERIFY(!KWFileCommands::copyFile(folder.path(s("missing")), folder.path(s("to"))));
-        QVERIFY(!KWFileCommands::copyFile(from, s("/proc/no/such/to")));
-        QVERIFY(!KWFileCommands::copyFile(from, from + s("/under a file")));
+        QVERIFY(!KWBackups::copyFile(from, from));
+        QVERIFY(!KWBackups::copyFile(folder.path(s("missing")), folder.path(s("to"))));
+        QVERIFY(!KWBackups::copyFile(from, s("/proc/no/such/to")));
+        QVERIFY(!KWBackups::copyFile(from, from + s("/under a file")));
         QCOMPARE(folder.files(), QStringList{s("from")});
     }
 
     void blocksThatCannotBeWrittenAreNotNoticed()
     {
         PlanFolder folder;
-        QVERIFY(KWFileCommands::copyFile(folder.writeFile(s("from"), "text"), s("/dev/full")));
+        QVERIFY(KWBackups::copyFile(folder.writeFile(s("from"), "text"), s("/dev/full")));
     }
 
     void autoSaveCopiesTheFileAsLastSavedNotThePlanInMemory()
@@ -192,7 +192,7 @@ private slots:
     void thereIsOneTimer()
     {
         OpenWindow open;
-        open.window.fileCommands()->setupAutoSave(true, 20);
+        open.window.fileCommands()->backups()->setupAutoSave(true, 20);
         QCOMPARE(open.window.findChildren<KWTimer *>().size(), 1);
         QCOMPARE(timerOf(open)->interval(), 1200000);
     }

@@ -80,7 +80,7 @@ private slots:
         QCOMPARE(modified.open.plan().guestCount(), 1);
         QVERIFY(modified.open.plan().isModified());
         QVERIFY(!modified.canUndo());
-        QVERIFY(!modified.open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!modified.open.window.fileCommands()->backups()->changedSinceBackup());
     }
 
     void savingSavesAndThenClears()

@@ -1,8 +1,7 @@
 #include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
+#include "gui/floorplan/kwcanvasview.h"
 #include "gui/shell/kwfilecommands.h"
 #include "gui/shell/kwstatusbar.h"
-#include "gui/shell/kwtoptab.h"
-#include "support/gui/fakeview.h"
 #include "support/gui/modaluser.h"
 #include "support/gui/openwindow.h"
 #include "support/gui/planfolder.h"
@@ -71,7 +70,7 @@ private slots:
         QCOMPARE(open.counts(), s("Guests: 4 Seats: 0 Score: 0"));
         QCOMPARE(refreshed.size(), 1);
         QVERIFY(!open.action("m_editUndoAction")->isEnabled());
-        QVERIFY(!open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
         QCOMPARE(open.window.statusBar()->currentMessage(),
                  s("Loading ") + folder.path(s("one.kw")));
         QVERIFY(!open.window.findChild<QProgressBar *>()->isVisible());
@@ -137,7 +136,8 @@ private slots:
         QVERIFY(open.plan().isEmpty());
         QVERIFY(open.plan().fileName().isEmpty());
         QCOMPARE(open.window.windowTitle(), s("Ambrelune - <unsaved>"));
-        QCOMPARE(open.window.fileCommands()->recentFiles(), QStringList{folder.path(s("one.kw"))});
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(),
+                 QStringList{folder.path(s("one.kw"))});
         QVERIFY(!QApplication::overrideCursor());
     }
 
@@ -171,7 +171,7 @@ private slots:
     {
         PlanFolder folder;
         OpenWindow open;
-        FakeView *view = open.addView(open.window.panes()->topTab(), s("Floor plan"));
+        const KWCanvasView *view = open.window.panes()->floorPlan();
         bool painted = true;
         connect(&open.plan(), &KWDocument::eventClear, &open.window,
                 [&] { painted = view->updatesEnabled(); });
@@ -266,11 +266,11 @@ private slots:
             expected.prepend(path);
         }
         expected.removeLast();
-        QCOMPARE(open.window.fileCommands()->recentFiles(), expected);
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(), expected);
         QCOMPARE(KWUserSettings().mostRecentFiles(), expected);
         openPlan(open, expected.at(3));
         expected.move(3, 0);
-        QCOMPARE(open.window.fileCommands()->recentFiles(), expected);
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(), expected);
         QVERIFY(open.prompts.messages.isEmpty());
     }
 
@@ -282,7 +282,8 @@ private slots:
         QVERIFY(QDir::setCurrent(folder.path(QString())));
         open.window.fileCommands()->openPlan(s("one.kw"));
         open.window.fileCommands()->openPlan(folder.path(s("one.kw")));
-        QCOMPARE(open.window.fileCommands()->recentFiles(), QStringList{folder.path(s("one.kw"))});
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(),
+                 QStringList{folder.path(s("one.kw"))});
         QVERIFY(QDir::setCurrent(testHome().path(QString())));
     }
 
@@ -292,7 +293,7 @@ private slots:
         OpenWindow open;
         openPlan(open, folder.writePlan(s("one_2026-06-13T14-30-05.KWB"), 2));
         QCOMPARE(open.plan().guestCount(), 2);
-        QCOMPARE(open.window.fileCommands()->recentFiles(), QStringList());
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(), QStringList());
     }
 
     void openRecentIsOffWhenTheOnlyEntryIsTheOpenPlan()

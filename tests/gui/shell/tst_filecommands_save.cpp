@@ -71,9 +71,10 @@ private slots:
         QCOMPARE(open.plan().fileName(), folder.path(s("new.kw")));
         QCOMPARE(open.window.windowTitle(), s("Ambrelune - new.kw"));
         QCOMPARE(open.window.statusBar()->currentMessage(), s("Saved ") + folder.path(s("new.kw")));
-        QCOMPARE(open.window.fileCommands()->recentFiles(), QStringList{folder.path(s("new.kw"))});
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(),
+                 QStringList{folder.path(s("new.kw"))});
         QCOMPARE(open.window.fileCommands()->planDirPath(), folder.path(QString()) + u'/');
-        QVERIFY(!open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
         QVERIFY(!QApplication::overrideCursor());
     }
 
@@ -226,7 +227,7 @@ private slots:
         QCOMPARE(folder.files(), QStringList({s("old.kwb"), s("old_2026-06-13T14-30-05.kwb")}));
         QCOMPARE(folder.guestsIn(s("old.kwb")), 3);
         QCOMPARE(folder.guestsIn(s("old_2026-06-13T14-30-05.kwb")), 2);
-        QCOMPARE(open.window.fileCommands()->recentFiles(), QStringList());
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(), QStringList());
     }
 
     void aFailedBackupDoesNotKeepFromSaving()
@@ -243,7 +244,7 @@ private slots:
         open.run("m_fileSaveAction");
         QCOMPARE(folder.guestsIn(s("one.kw")), 4);
         QVERIFY(!open.plan().isModified());
-        QVERIFY(!open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
         QVERIFY(open.prompts.messages.isEmpty());
     }
 
@@ -260,7 +261,7 @@ private slots:
         QVERIFY(open.plan().isModified());
         QVERIFY(open.plan().fileName().isEmpty());
         QCOMPARE(open.plan().guestCount(), 1);
-        QCOMPARE(open.window.fileCommands()->recentFiles(), QStringList());
+        QCOMPARE(open.window.fileCommands()->recentPlans().paths(), QStringList());
         QVERIFY(!QApplication::overrideCursor());
     }
 

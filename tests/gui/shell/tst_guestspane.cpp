@@ -430,6 +430,7 @@ private slots:
         GuestsWindow open;
         QFETCH(QString, top);
         FakeView *view = open.addView(open.window.panes()->topTab(), top);
+        view->answers.showsSeats = top != u"Table chart";
         QFETCH(QList<int>, guests);
         open.select(guests);
         QFETCH(bool, can);

@@ -9,6 +9,7 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QSplitter>
 #include <QToolButton>
@@ -98,10 +99,9 @@ private slots:
         KWBottomTab *tab = open.window.panes()->bottomTab();
         QVERIFY(!tab->currentView());
         auto *pair = new Pair(tab, open.window.document(), false);
-        tab->addPage(pair, blueSquare(), s("Guests"), s("Guests"));
+        tab->addPage(pair, blueSquare(), "Guests");
         QCOMPARE(tab->currentView(), pair->view());
-        QCOMPARE(tab->viewNamed(u"Guests"), pair->view());
-        QVERIFY(!tab->viewNamed(u"Groups"));
+        QCOMPARE(tab->views(), QList<KWView *>{pair->view()});
         QVERIFY(!tab->tabIcon(0).isNull());
         QCOMPARE(pair->view()->objectName(), s("Guests"));
         auto *other = new QWidget;
@@ -113,10 +113,14 @@ private slots:
     {
         QTest::addColumn<QByteArray>("tab");
         QTest::addColumn<QByteArray>("action");
-        QTest::newRow("left") << QByteArray("KWLeftTab") << QByteArray("m_viewLeftPaneAction");
-        QTest::newRow("top") << QByteArray("KWTopTab") << QByteArray("m_viewTopPaneAction");
-        QTest::newRow("bottom") << QByteArray("KWBottomTab")
-                                << QByteArray("m_viewBottomPaneAction");
+        QTest::addColumn<QString>("pane");
+        QTest::addColumn<QString>("hide");
+        QTest::newRow("left") << QByteArray("KWLeftTab") << QByteArray("m_viewLeftPaneAction")
+                              << s("Left pane") << s("Hide left pane");
+        QTest::newRow("top") << QByteArray("KWTopTab") << QByteArray("m_viewTopPaneAction")
+                             << s("Top pane") << s("Hide top pane");
+        QTest::newRow("bottom") << QByteArray("KWBottomTab") << QByteArray("m_viewBottomPaneAction")
+                                << s("Bottom pane") << s("Hide bottom pane");
     }
 
     void theCloseButtonHidesThePaneAndClearsItsAction()
@@ -131,7 +135,8 @@ private slots:
         auto *button = qobject_cast<QToolButton *>(pane->cornerWidget(Qt::TopRightCorner));
         QVERIFY(button->autoRaise());
         QVERIFY(!button->icon().isNull());
-        QCOMPARE(button->accessibleName(), s("Hide pane"));
+        QTEST(pane->accessibleName(), "pane");
+        QTEST(button->accessibleName(), "hide");
         QCOMPARE(button->whatsThis(),
                  s("<b>Hide pane</b><br/>Click this button to hide the pane.<br/>Use the "
                    "<b>View</b> menu to show it again."));
@@ -187,7 +192,7 @@ private slots:
         const auto *button = qobject_cast<QToolButton *>(
             open.window.panes()->topTab()->cornerWidget(Qt::TopRightCorner));
         const BracketTranslator brackets;
-        QTRY_COMPARE(button->accessibleName(), s("[Hide pane]"));
+        QTRY_COMPARE(button->accessibleName(), s("[Hide top pane]"));
         QVERIFY(button->whatsThis().startsWith(s("[<b>Hide pane</b>")));
     }
 
@@ -229,7 +234,7 @@ private slots:
         {
             OpenWindow open;
             auto *view = new LastLook(open.window.document(), &name);
-            open.window.panes()->leftTab()->addPage(view, blueSquare(), s("Guests"), s("Guests"));
+            open.window.panes()->leftTab()->addPage(view, blueSquare(), "Guests");
             open.window.setActiveView(view);
             open.plan().setEvent(s("Midsummer"));
         }
@@ -261,6 +266,66 @@ private slots:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget(), second);
         QCOMPARE(open.window.activeView(), second);
+    }
+
+    void theViewWithTheKeyboardIsActiveHoweverItCame()
+    {
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        KWGuestsListView *list = open.window.panes()->leftTab()->guestsView();
+        KWCanvasView *plan = open.window.panes()->floorPlan();
+        plan->setFocus();
+        QCOMPARE(open.window.activeView(), plan);
+        list->setFocus();
+        QCOMPARE(open.window.activeView(), list);
+        // Wherever in the view it is.
+        open.window.setActiveView(nullptr);
+        QLineEdit editor(list->viewport());
+        editor.show();
+        editor.setFocus();
+        QCOMPARE(open.window.activeView(), list);
+        plan->setFocus();
+        // A box above the list is not the list.
+        open.window.panes()->leftTab()->guestsFilter()->setFocus();
+        QCOMPARE(open.window.activeView(), plan);
+        // A view of another window is none of these.
+        FakeView other(&open.plan());
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        other.setFocus();
+        QCOMPARE(open.window.activeView(), plan);
+    }
+
+    void aViewThatIsHiddenIsNotActiveAnyMore_data()
+    {
+        QTest::addColumn<QByteArray>("action");
+        QTest::newRow("left") << QByteArray("m_viewLeftPaneAction");
+        QTest::newRow("top") << QByteArray("m_viewTopPaneAction");
+    }
+
+    void aViewThatIsHiddenIsNotActiveAnyMore()
+    {
+        QFETCH(QByteArray, action);
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        KWGuestsListView *list = open.window.panes()->leftTab()->guestsView();
+        list->setCurrentItem(list->topLevelItem(0));
+        const bool left = action == "m_viewLeftPaneAction";
+        auto *hidden = left ? static_cast<QWidget *>(list) : open.window.panes()->floorPlan();
+        hidden->setFocus();
+        open.window.setActiveView(dynamic_cast<KWView *>(hidden));
+        QCOMPARE(open.action("m_editDeleteAction")->isEnabled(), left);
+        // The other pane may go and come meanwhile.
+        open.run(left ? "m_viewTopPaneAction" : "m_viewLeftPaneAction");
+        QCOMPARE(open.window.activeView(), dynamic_cast<KWView *>(hidden));
+        open.run(left ? "m_viewTopPaneAction" : "m_viewLeftPaneAction");
+        open.run(action.constData());
+        QVERIFY(open.window.activeView() != dynamic_cast<KWView *>(hidden));
+        QVERIFY(!open.action("m_editDeleteAction")->isEnabled() || !left);
+        QTest::keyClick(&open.window, Qt::Key_Delete);
+        QCOMPARE(open.plan().guestCount(), 1);
+        QVERIFY(open.prompts.messages.isEmpty());
     }
 
     void theStatusBarIsAsDescribed()

@@ -83,6 +83,16 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
+    void theKeyboardIsInTheListOfGuestsAtFirst()
+    {
+        ScriptedPrompts prompts;
+        KWMainWinImpl window;
+        window.initialise(nullptr, {s("ambrelune")});
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCOMPARE(QApplication::focusWidget(), window.panes()->leftTab()->guestsView());
+        QCOMPARE(window.activeView(), window.panes()->leftTab()->guestsView());
+    }
+
     void theWindowHasAtLeastItsInitialSize()
     {
         OpenWindow open;
@@ -98,7 +108,7 @@ private slots:
         QCOMPARE(open.plan().guestCount(), 121);
         QCOMPARE(open.window.windowTitle(), s("Ambrelune - wedding.kw"));
         QVERIFY(open.prompts.messages.isEmpty());
-        QVERIFY(!open.window.fileCommands()->changedSinceBackup());
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
     }
 
     void withAPlanOpenTheRecentDialogStaysAway()
@@ -139,6 +149,18 @@ private slots:
         KWUserSettings().setMostRecentShowAtStart(true);
         OpenWindow open;
         QVERIFY(open.window.isVisible());
+    }
+
+    void withABackupOpenTheRecentDialogStaysAway()
+    {
+        const QString path = testHome().path(s("small_2026-06-13.kwb"));
+        QVERIFY(QFile::copy(examplePath("small.kw"), path));
+        KWUserSettings().setMostRecentShowAtStart(true);
+        KWUserSettings().setMostRecentFiles({copiedExample("wedding.kw")});
+        OpenWindow open({path});
+        QVERIFY(open.plan().fileName().isEmpty());
+        QVERIFY(open.plan().guestCount() > 0);
+        QVERIFY(QFile::remove(path));
     }
 
     void afterAPathThatCannotBeReadTheRecentDialogComesUp()

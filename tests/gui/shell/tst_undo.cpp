@@ -157,7 +157,7 @@ private slots:
         QFile::remove(testHome().path(s("undo.kw")));
     }
 
-    void theCaptionFollowsTheFileOfThePlanThatCameBack()
+    void aPlanSavedAsAnotherKeepsItsNewFileThroughUndoAndRedo()
     {
         PlanFolder folder;
         OpenWindow open({folder.writePlan(s("one.kw"))});
@@ -165,11 +165,17 @@ private slots:
         open.prompts.answerFile(folder.path(s("two.kw")));
         open.run("m_fileSaveAsAction");
         QCOMPARE(open.window.windowTitle(), s("Ambrelune - two.kw"));
+        for (const char *action : {"m_editUndoAction", "m_editRedoAction"}) {
+            open.run(action);
+            QCOMPARE(open.plan().fileName(), folder.path(s("two.kw")));
+            QCOMPARE(open.window.windowTitle(), s("Ambrelune - two.kw"));
+        }
+        // No undo makes a save write over the first file.
         open.run("m_editUndoAction");
-        QCOMPARE(open.plan().fileName(), folder.path(s("one.kw")));
-        QCOMPARE(open.window.windowTitle(), s("Ambrelune - one.kw"));
-        open.run("m_editRedoAction");
-        QCOMPARE(open.window.windowTitle(), s("Ambrelune - two.kw"));
+        addGuest(open.plan(), {"Ann"});
+        open.run("m_fileSaveAction");
+        QCOMPARE(folder.guestsIn(s("one.kw")), 1);
+        QCOMPARE(folder.guestsIn(s("two.kw")), 2);
     }
 
     void anUndoBehindAFailedOpenBringsThePlansNameBack()

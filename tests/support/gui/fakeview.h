@@ -27,6 +27,7 @@ public:
         bool canCopy = false;
         bool canSetAffinity = false;
         bool canRotate = false;
+        bool showsSeats = false;
     };
     Answers answers;
     /// "setLocked 1", "block", ... in the order of the calls.
@@ -57,6 +58,7 @@ public:
     bool canSetAffinity() override { return answers.canSetAffinity; }
     bool canRotate() override { return answers.canRotate; }
     void showGuest(KWGuest *) override { note(u"showGuest"); }
+    bool showsSeats() const override { return answers.showsSeats; }
     void beginUpdateBlock() override;
     void endUpdateBlock() override;
 

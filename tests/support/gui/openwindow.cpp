@@ -10,6 +10,10 @@ OpenWindow::OpenWindow(const QStringList &arguments)
     : window(nullptr, [this] { return now; })
 {
     window.initialise(nullptr, QStringList{s("ambrelune")} + arguments);
+    // The focus comes with it, which makes a view active.
+    if (!QTest::qWaitForWindowActive(&window))
+        qWarning("the window is not active");
+    window.setActiveView(nullptr);
 }
 
 QAction *OpenWindow::action(const char *name) const
@@ -32,12 +36,9 @@ FakeView *OpenWindow::addView(KWCloseableTabWidget *tab, const QString &name)
     QPixmap icon(16, 16);
     icon.fill(Qt::blue);
     auto *view = new FakeView(window.document(), name);
-    // The window finds its views by the names of their pages, so the real one gives up its own.
-    auto *real = tab->findChild<QWidget *>(name);
-    if (real)
-        real->setObjectName(QString());
-    tab->addPage(view, icon, name, name);
-    if (real)
+    const bool isReal = tab->findChild<QWidget *>(name) != nullptr;
+    tab->addPage(view, icon, name.toUtf8().constData());
+    if (isReal)
         tab->setCurrentWidget(view);
     return view;
 }

@@ -19,7 +19,8 @@ class KWCloseableTabWidget;
 class OpenWindow
 {
 public:
-    /// What the program does at its start, with `arguments` behind its own name.
+    /// What the program does at its start, with `arguments` behind its own name; then no view is
+    /// active, though the list of guests has the focus.
     explicit OpenWindow(const QStringList &arguments = {});
 
     ScriptedPrompts prompts;
@@ -30,7 +31,7 @@ public:
     QAction *action(const char *name) const;
     /// Triggers the action, which must be enabled.
     void run(const char *name);
-    /// Adds a view as a page of that name, in the place of the real one if there is one.
+    /// Adds a view as a page of that name, in front of the real one if there is one.
     FakeView *addView(KWCloseableTabWidget *tab, const QString &name);
     /// Takes the real views out of the top pane, which then has none.
     void removeTopPages();

@@ -1,0 +1,74 @@
+#include "gui/shell/kwbackups.h"
+
+#include "core/model/kwdocument.h"
+#include "gui/framework/kwtimer.h"
+#include "gui/shell/kwplanfiles.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+KWBackups::KWBackups(QObject *parent, const Clock &clock)
+    : QObject(parent)
+    , m_clock(clock)
+{
+}
+
+bool KWBackups::backupPlan(const QString &path)
+{
+    const QString time = m_clock().toString(Qt::ISODate).replace(u':', u'-');
+    const QFileInfo plan(path);
+    const QString target = QDir::toNativeSeparators(
+        u"%1/%2_%3.%4"_s.arg(plan.absolutePath(), plan.baseName(), time, backupExtension));
+    const bool copied = copyFile(path, target);
+    m_changedSinceBackup = !copied;
+    if (!copied)
+        qWarning("backup %s to %s failed", qPrintable(path), qPrintable(target));
+    return copied;
+}
+
+bool KWBackups::copyFile(const QString &from, const QString &to)
+{
+    if (!QFileInfo::exists(from) || !QFileInfo(from).isReadable() || from == to)
+        return false;
+    const QDir targetDir = QFileInfo(to).absoluteDir();
+    if (!targetDir.exists() && !targetDir.mkpath(u"."_s))
+        return false;
+    QFile source(from);
+    QFile target(to);
+    if (!source.open(QIODevice::ReadOnly) ||
+        !target.open(QIODevice::WriteOnly | QIODevice::Truncate,
+                     QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+        return false;
+    constexpr qint64 blockSize = 512;
+    QByteArray block;
+    do {
+        block = source.read(blockSize);
+        target.write(block);
+    } while (block.size() == blockSize);
+    // What nobody else may read in the plan stays so in its copy.
+    target.setPermissions(source.permissions());
+    return true;
+}
+
+bool KWBackups::autoSave(const KWDocument &plan)
+{
+    return !plan.isEmpty() && !plan.fileName().isEmpty() && m_changedSinceBackup &&
+           backupPlan(plan.fileName());
+}
+
+void KWBackups::setupAutoSave(bool on, int minutes)
+{
+    constexpr int minute = 60000;
+    if (!m_timer) {
+        m_timer = new KWTimer(this, u"auto save timer"_s, m_clock);
+        connect(m_timer, &KWTimer::timeout, this, &KWBackups::due);
+    }
+    if (on && !m_timer->isActive())
+        m_timer->start(minutes * minute, false);
+    if (!on && m_timer->isActive())
+        m_timer->stop();
+    if (m_timer->interval() / minute != minutes)
+        m_timer->changeInterval(minutes * minute);
+}
