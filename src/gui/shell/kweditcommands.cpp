@@ -189,7 +189,9 @@ void KWEditCommands::setAffinity(int value)
     if (KWView *active = m_window->activeView()) {
         const KWBusy busy;
         const KWView::AffinityCounts before = active->affinityCounts();
-        change(tr("Proximity"), [active, value] { active->setAffinity(value); });
+        const int pairs = std::accumulate(before.cbegin(), before.cend(), 0);
+        if (pairs == 0 || before.at(static_cast<std::size_t>(value)) != pairs)
+            change(tr("Proximity"), [active, value] { active->setAffinity(value); });
         tellAffinity(value, before);
     }
     // The click has changed the check mark by itself.

@@ -42,7 +42,8 @@ namespace {
 constexpr int messageTime = 2000;
 constexpr int splashTime = 1000;
 
-/// Until the window manager has done what it was asked for, but not for ever: it may not.
+/// Until the window manager has done what it was asked for, but not for ever: it may not. Messages
+/// and dialogs stand over the window where it is by then.
 void waitUntil(const std::function<bool()> &isDone)
 {
     constexpr int patience = 500;
@@ -54,14 +55,6 @@ void waitUntil(const std::function<bool()> &isDone)
     }
 }
 
-/// Until the window has its place on the screen, over which messages and dialogs will stand; and
-/// brings the splash in front of it.
-void waitUntilPlaced(const QWidget &window, QWidget *splash)
-{
-    waitUntil([&window] { return window.windowHandle()->isExposed(); });
-    if (splash)
-        splash->raise();
-}
 } // namespace
 
 KWMainWinImpl::KWMainWinImpl(QWidget *parent, const Clock &clock)
@@ -139,11 +132,13 @@ void KWMainWinImpl::initialise(KWSplashScreen *splash, const QStringList &argume
     m_panes->leftTab()->guestsView()->setFocus();
     show();
     raise();
-    const QPointer<QWidget> shownSplash = splash;
+    const QPointer<KWSplashScreen> shownSplash = splash;
     if (splash)
         QTimer::singleShot(splashTime, splash, &QWidget::close);
     updateCaption(QString());
-    waitUntilPlaced(*this, shownSplash);
+    waitUntil([this] { return windowHandle()->isExposed(); });
+    if (shownSplash)
+        shownSplash->standBefore(*this);
     const bool isPlanOpen = arguments.size() > 1 && m_fileCommands->openPlan(arguments.at(1));
     // Not before the plan is open, or it would be backed up at once.
     setupAutoSave();
@@ -151,7 +146,6 @@ void KWMainWinImpl::initialise(KWSplashScreen *splash, const QStringList &argume
         const QSize before = size();
         showMaximized();
         waitUntil([this, before] { return size() != before; });
-        waitUntilPlaced(*this, shownSplash);
     }
     showStartDialogs(isPlanOpen);
     makeHiddenShortcuts();

@@ -10,6 +10,9 @@ class KWSplashScreen : public QSplashScreen
 public:
     explicit KWSplashScreen(const QPixmap &picture);
 
+    /// In front of a window that is shown, and behind its dialogs.
+    void standBefore(const QWidget &window);
+
 protected:
     void drawContents(QPainter *painter) override;
 };

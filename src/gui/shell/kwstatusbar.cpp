@@ -1,5 +1,6 @@
 #include "gui/shell/kwstatusbar.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QProgressBar>
 
@@ -22,7 +23,17 @@ KWStatusBar::KWStatusBar(QWidget *parent)
     setSizeGripEnabled(false);
     // Or the last of them would touch the edge of the screen.
     setContentsMargins(0, 0, 6, 0);
+    connect(this, &QStatusBar::messageChanged, this, &KWStatusBar::announce);
     setWhatsThis(tr("<b>Status bar</b><br/>Display status information. "));
+}
+
+void KWStatusBar::announce(const QString &message)
+{
+    setAccessibleName(message);
+    if (message.isEmpty())
+        return;
+    QAccessibleEvent event(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }
 
 void KWStatusBar::setCounts(int guests, int seats, int score)

@@ -21,6 +21,9 @@ public:
     void setProgress(int percent);
 
 private:
+    /// Lets a screen reader say a message.
+    void announce(const QString &message);
+
     QLabel *m_viewIcon;
     QLabel *m_counts;
     QProgressBar *m_progress;

@@ -41,11 +41,48 @@ change_event() {
   gone Information
 }
 
+knows_windows() {
+  xprop -root _NET_CLIENT_LIST_STACKING | grep -q "window id"
+}
+
+# id TITLE: of a window, as xprop writes it.
+id() {
+  printf '0x%x' "$(wait_for_window 10 "$1")"
+}
+
+# middle TITLE: of a window, in X and Y.
+middle() {
+  eval "$(xdotool getwindowgeometry --shell "$(wait_for_window 10 "$1")")"
+  X=$((X + WIDTH / 2)) Y=$((Y + HEIGHT / 2))
+}
+
+# stacked: the last order of the windows, from below, in which there was the splash.
+stacked() {
+  sed -n "s/.*# //; s/$window/window/; s/$dialog/dialog/; s/0x[0-9a-f]*/splash/p" "$work/stacking" |
+    tail -n 1
+}
+
+# the_dialog_stands_in_the_middle: of the window, which the window manager may place to a few pixels.
+the_dialog_stands_in_the_middle() {
+  local x y
+  middle "Ambrelune - $(basename "$plan")"
+  x=$X y=$Y
+  middle "Getting started"
+  [ $((X - x)) -ge -40 ] && [ $((X - x)) -le 40 ] && [ $((Y - y)) -ge -40 ] && [ $((Y - y)) -le 40 ]
+}
+
 sit_down
 
+wait_until 10 knows_windows || fail "There is no window manager"
+start stdbuf -oL xprop -spy -root _NET_CLIENT_LIST_STACKING >"$work/stacking"
 start "$program" "$plan"
 active "Getting started"
 picture getting-started
+window=$(id "Ambrelune - $(basename "$plan")")
+dialog=$(id "Getting started")
+wait_until 10 has_windows 2 || fail "The splash stays"
+[ "$(stacked)" = "window, splash, dialog" ] || fail "Wrong order of windows: $(stacked)"
+the_dialog_stands_in_the_middle || fail "The first dialog does not stand in the middle"
 xdotool key alt+s alt+c
 active "Ambrelune - $(basename "$plan")"
 wait_until 10 has_windows 1 || fail "The splash stays"
