@@ -55,6 +55,30 @@ private slots:
         QVERIFY(!view.updatesEnabled());
     }
 
+    void aViewTakesPartInNothingByItself()
+    {
+        KWDocument plan;
+        View view(nullptr, &plan);
+        KWView &part = view;
+        const QList<bool> answers{
+            part.canDelete(), part.canEditProperties(), part.canUnassign(), part.canSetLocked(),
+            part.isLocked(),  part.canSetAccepted(),    part.hasAccepted(), part.canPrint(),
+            part.canCopy(),   part.canSetAffinity(),    part.canRotate(),   part.showsSeats()};
+        QCOMPARE(answers.count(true), 0);
+        QCOMPARE(part.affinityCounts(), KWView::AffinityCounts());
+        part.deleteSelection();
+        part.editProperties();
+        part.unassign();
+        part.print();
+        part.KWView::copy();
+        part.rotate();
+        part.setAffinity(0);
+        part.setLocked(true);
+        part.setAccepted(true);
+        part.showGuest(nullptr);
+        QVERIFY(!plan.isModified());
+    }
+
     void aViewHasItsDocumentAndMarksItModified()
     {
         KWDocument plan;

@@ -1,3 +1,4 @@
+#include "gui/floorplan/kwcanvasview.h"
 #include "gui/shell/kwfilecommands.h"
 #include "gui/shell/kwlefttab.h"
 #include "support/gui/fakeview.h"
@@ -59,6 +60,24 @@ private slots:
         QVERIFY(!modified.open.window.activeView());
         QVERIFY(!modified.canUndo());
         QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void theFloorPlanShowsTheNewRoom()
+    {
+        OpenWindow open;
+        KWCanvasView *view = open.window.panes()->floorPlan();
+        open.run("m_fileNewAction");
+        const QSize room = view->canvas()->canvasSize();
+        const double zoom = view->zoom();
+        open.plan().setRoomXSize(9);
+        open.plan().setRoomYSize(7);
+        view->canvas()->resizeToRoom();
+        QVERIFY(view->canvas()->canvasSize() != room);
+        view->setZoom(0.5);
+        open.plan().setModified(false);
+        open.run("m_fileNewAction");
+        QCOMPARE(view->canvas()->canvasSize(), room);
+        QCOMPARE(view->zoom(), zoom);
     }
 
     void notSavingClearsThePlan()

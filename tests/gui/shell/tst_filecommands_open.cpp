@@ -228,6 +228,95 @@ private slots:
         QVERIFY(!loaded.guests_show_notes);
     }
 
+    void thePanesAreAsThePlanHasThemWhenItIsShown()
+    {
+        const PlanFolder folder;
+        KWDocument plan;
+        addGuest(plan, {"Ann"});
+        QCOMPARE(plan.save(folder.path(s("one.kw")), {.guests_show_notes = false}),
+                 int(KWDocument::FileOk));
+        OpenWindow open;
+        bool shown = true;
+        connect(&open.plan(), &KWDocument::eventRefresh, &open.window,
+                [&] { shown = open.window.panes()->viewSettings().guests_show_notes; });
+        QVERIFY(open.window.fileCommands()->openPlan(folder.path(s("one.kw"))));
+        QVERIFY(!shown);
+    }
+
+    void anOpenedPlanIsShownWholeAndItsRoomAlsoBehindAFailure()
+    {
+        const PlanFolder folder;
+        KWDocument plan;
+        plan.setRoomXSize(9);
+        plan.setRoomYSize(7);
+        addTable(plan, "T", KWTable::Circular, 8);
+        QCOMPARE(plan.save(folder.path(s("one.kw")), {}), int(KWDocument::FileOk));
+        OpenWindow open;
+        KWCanvasView *view = open.window.panes()->floorPlan();
+        const QSize empty = view->canvas()->canvasSize();
+        QVERIFY(open.window.fileCommands()->openPlan(folder.path(s("one.kw"))));
+        const double zoom = view->zoom();
+        QVERIFY(view->canvas()->canvasSize() != empty);
+        view->setZoom(0.5);
+        view->zoomCentre();
+        QCOMPARE(zoom, view->zoom());
+        view->setZoom(0.5);
+        open.prompts.answer(s("&OK"));
+        QVERIFY(!open.window.fileCommands()->openPlan(folder.path(s("two.kw"))));
+        QCOMPARE(view->canvas()->canvasSize(), empty);
+        const double behind = view->zoom();
+        view->setZoom(0.5);
+        view->zoomCentre();
+        QCOMPARE(behind, view->zoom());
+    }
+
+    void fileDialogsStartWhereTheLastPlanWas_data()
+    {
+        QTest::addColumn<QString>("how");
+        for (const char *how :
+             {"command line", "open", "open that fails", "recent", "save", "save that fails"})
+            QTest::newRow(how) << s(how);
+    }
+
+    void fileDialogsStartWhereTheLastPlanWas()
+    {
+        QFETCH(QString, how);
+        const PlanFolder folder;
+        const QString path = folder.writePlan(s("one.kw"));
+        QStringList arguments;
+        if (how == u"command line")
+            arguments.append(path);
+        if (how == u"recent")
+            KWUserSettings().setMostRecentFiles({path});
+        OpenWindow open(arguments);
+        if (how == u"open")
+            openPlan(open, path);
+        if (how == u"open that fails") {
+            open.prompts.answerFile(folder.path(s("none.kw")));
+            open.prompts.answer(s("&OK"));
+            open.run("m_fileOpenAction");
+        }
+        if (how == u"recent") {
+            ModalUser user;
+            user.onDialog<KWRecentlyOpenedDlgImpl>([](QDialog &dialog) { dialog.accept(); });
+            open.run("m_openRecentAction");
+        }
+        if (how == u"save") {
+            open.plan().setFileName(path);
+            open.run("m_fileSaveAction");
+        }
+        if (how == u"save that fails") {
+            QVERIFY(QDir(folder.path(QString())).mkdir(s("two.kw")));
+            open.prompts.answerFile(folder.path(s("two.kw")));
+            // To write over it, and that it cannot be.
+            open.prompts.answer(s("&OK"));
+            open.prompts.answer(s("&OK"));
+            open.run("m_fileSaveAsAction");
+        }
+        QCOMPARE(open.window.fileCommands()->planDirPath(), folder.path(QString()) + u'/');
+        QCOMPARE(open.prompts.waiting(), 0);
+    }
+
     void openingARecentPlanAsksNothingAboutChanges()
     {
         PlanFolder folder;

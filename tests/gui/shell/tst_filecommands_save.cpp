@@ -248,6 +248,18 @@ private slots:
         QVERIFY(open.prompts.messages.isEmpty());
     }
 
+    void alsoASaveThatFailsIsNoChangeSinceABackup()
+    {
+        const PlanFolder folder;
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        QVERIFY(open.window.fileCommands()->backups()->changedSinceBackup());
+        open.prompts.answer(s("&OK"));
+        open.window.fileCommands()->savePlan(folder.path(s("no/such.kw")));
+        QVERIFY(!open.window.fileCommands()->backups()->changedSinceBackup());
+        QVERIFY(open.plan().isModified());
+    }
+
     void aSaveIntoAMissingDirectoryIsReported()
     {
         PlanFolder folder;

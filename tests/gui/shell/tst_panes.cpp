@@ -352,7 +352,10 @@ private slots:
         OpenWindow open;
         open.window.showStatusMessage(s("Auto layout"));
         QCOMPARE(open.window.statusBar()->currentMessage(), s("Auto layout"));
+        // A screen reader says it.
+        QCOMPARE(open.window.statusBar()->accessibleName(), s("Auto layout"));
         QTRY_VERIFY_WITH_TIMEOUT(open.window.statusBar()->currentMessage().isEmpty(), 4000);
+        QCOMPARE(open.window.statusBar()->accessibleName(), QString());
     }
 };
 

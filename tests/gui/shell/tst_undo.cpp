@@ -1,3 +1,5 @@
+#include "gui/floorplan/kwcanvasview.h"
+#include "gui/shell/kweditcommands.h"
 #include "gui/shell/kwfilecommands.h"
 #include "gui/shell/kwlefttab.h"
 #include "support/eventlog.h"
@@ -6,6 +8,8 @@
 #include "support/gui/planfolder.h"
 #include "support/registeredtest.h"
 #include "support/testplan.h"
+
+#include <stdexcept>
 
 namespace {
 
@@ -176,6 +180,74 @@ private slots:
         open.run("m_fileSaveAction");
         QCOMPARE(folder.guestsIn(s("one.kw")), 1);
         QCOMPARE(folder.guestsIn(s("two.kw")), 2);
+    }
+
+    void aNewPlanAndAnOpenedOneEndTheRedoToo_data()
+    {
+        QTest::addColumn<bool>("opens");
+        QTest::newRow("new") << false;
+        QTest::newRow("open") << true;
+    }
+
+    void aNewPlanAndAnOpenedOneEndTheRedoToo()
+    {
+        QFETCH(bool, opens);
+        const PlanFolder folder;
+        OpenWindow open;
+        open.window.saveUndoState(s("Lock"));
+        open.run("m_editUndoAction");
+        QCOMPARE(menuTexts(open), s("&Undo off, &Redo Lock on"));
+        if (opens)
+            QVERIFY(open.window.fileCommands()->openPlan(folder.writePlan(s("one.kw"))));
+        else
+            open.run("m_fileNewAction");
+        QCOMPARE(menuTexts(open), s("&Undo off, &Redo off"));
+    }
+
+    void theFloorPlanShowsAllTablesOfThePlanThatCameBack()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        KWCanvasView *view = open.window.panes()->floorPlan();
+        view->zoomCentre();
+        const double fitted = view->zoom();
+        open.window.saveUndoState(s("Lock"));
+        for (const char *action : {"m_editUndoAction", "m_editRedoAction"}) {
+            view->setZoom(0.5);
+            QVERIFY(view->zoom() != fitted);
+            open.run(action);
+            QCOMPARE(view->zoom(), fitted);
+        }
+    }
+
+    void theCursorTellsOfTheWait()
+    {
+        OpenWindow open;
+        fill(open.plan());
+        open.window.saveUndoState(s("Lock"));
+        bool waits = false;
+        connect(&open.plan(), &KWDocument::eventClear, &open.window, [&waits] {
+            const QCursor *cursor = QApplication::overrideCursor();
+            waits = cursor && cursor->shape() == Qt::WaitCursor;
+        });
+        open.run("m_editUndoAction");
+        QVERIFY(waits);
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void aChangeThatThrowsBringsTheUndoPointBack()
+    {
+        OpenWindow open;
+        auto *edit = open.window.findChild<KWEditCommands *>();
+        open.window.saveUndoState(s("Lock"));
+        try {
+            edit->change(s("Rotate"), [] { throw std::runtime_error("broken"); });
+            QFAIL("nothing was thrown");
+        } catch (const std::runtime_error &) {
+        }
+        QCOMPARE(menuTexts(open), s("&Undo Lock on, &Redo off"));
+        edit->change(s("Rotate"), [&open] { addGuest(open.plan(), {"Ann"}); });
+        QCOMPARE(menuTexts(open), s("&Undo Rotate on, &Redo off"));
     }
 
     void anUndoBehindAFailedOpenBringsThePlansNameBack()
