@@ -15,11 +15,11 @@
 #define ASAN_POISON_MEMORY_REGION(address, size)
 #endif
 
-/// Guests, groups or tables in list order; owns them.
-///
-/// Each object knows its position, so indexOf() does not search. The objects live in blocks of
-/// memory that the list gives back when it is cleared or dies, since a plan is copied thousands
-/// of times in a layout run and one block costs far less than an allocation for each guest.
+/// Guests, groups or tables in list order; owns them. Each object knows its position, so indexOf()
+/// does not search; but it reads the object, so no pointer from before a clear() may be asked
+/// about. The objects live in blocks of memory that the list gives back when it is cleared or dies,
+/// since a plan is copied thousands of times in a layout run and one block costs far less than an
+/// allocation for each guest.
 template <typename T>
 class KWObjectList
 {
