@@ -86,6 +86,16 @@ void generation(benchmark::State &state)
 }
 BENCHMARK(generation)->Apply(planSizes);
 
+/// The names of as many tables as are inserted at once at most.
+void nameNewTables(benchmark::State &state)
+{
+    KWDocument plan;
+    fillBenchPlan(plan, static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(plan.nextTableNames(999).size());
+}
+BENCHMARK(nameNewTables)->Apply(planSizes);
+
 void savePlan(benchmark::State &state)
 {
     KWDocument plan;
