@@ -46,6 +46,19 @@ private slots:
         QCOMPARE(seen, steps({"- Bob - -\nCid - -", "- Bob - -\nCid - Ann"}));
     }
 
+    void scoresAreTheOldOnesUntilTheSeatsAreReported()
+    {
+        EditedPlan party;
+        QList<int> seen;
+        const auto look = [&] { seen.append(party.plan.totalScore()); };
+        connect(&party.plan, &KWDocument::eventEditGuest, this, look);
+        connect(&party.plan, &KWDocument::eventEditTable, this, look);
+        connect(&party.plan, &KWDocument::eventEditSeat, this, look);
+        connect(&party.plan, &KWDocument::eventModified, this, look);
+        party.plan.assignGuest(party.dan, party.side, 1, true);
+        QCOMPARE(seen, QList<int>({-5, -5, -5, 4}));
+    }
+
     void seatedGuestsSwap_data() { rescoreRows(); }
     void seatedGuestsSwap()
     {

@@ -247,6 +247,18 @@ private slots:
         QCOMPARE(log.take(), reported);
     }
 
+    void theValueIsThereWhenItIsReported_data() { fieldRows(); }
+    void theValueIsThereWhenItIsReported()
+    {
+        QFETCH(int, index);
+        const FieldCase &field = m_fields.at(index);
+        Plan plan;
+        QVariantList seen;
+        connect(&plan, &Plan::eventModified, this, [&] { seen.append(field.get(plan)); });
+        field.setOther(plan);
+        QCOMPARE(seen, field.reports ? QVariantList{field.other} : QVariantList());
+    }
+
     void theOtherSettersReportNothing()
     {
         Plan plan;

@@ -1,80 +1,12 @@
 #include "editedplan.h"
+#include "support/naiveplan.h"
 #include "support/registeredtest.h"
 
 #include <QtTest>
 
-#include <functional>
 #include <random>
 
 namespace {
-using Pair = KWDocument::GuestPair;
-
-/// What a plan should hold, kept by plain lists: a guest's seat is found by looking at all of
-/// them, and a wish stands under both orders of its pair.
-struct NaivePlan
-{
-    QList<KWGuest *> guests;
-    QList<KWGroup *> groups;
-    QList<KWTable *> tables;
-    QHash<const KWGroup *, QList<KWGuest *>> members;
-    QHash<const KWTable *, QList<KWGuest *>> seats;
-    QHash<Pair, int> wishes;
-
-    bool find(const KWGuest *guest, KWTable **table, int *seat) const
-    {
-        for (KWTable *candidate : tables) {
-            const qsizetype place = seats[candidate].indexOf(guest);
-            if (place < 0)
-                continue;
-            *table = candidate;
-            *seat = static_cast<int>(place);
-            return true;
-        }
-        return false;
-    }
-    KWGroup *groupOf(const KWGuest *guest) const
-    {
-        for (KWGroup *group : groups) {
-            if (members[group].contains(guest))
-                return group;
-        }
-        return nullptr;
-    }
-    void unseat(const KWGuest *guest)
-    {
-        KWTable *table = nullptr;
-        int seat = -1;
-        if (find(guest, &table, &seat))
-            seats[table][seat] = nullptr;
-    }
-    void forget(KWGuest *guest)
-    {
-        unseat(guest);
-        if (KWGroup *group = groupOf(guest))
-            members[group].removeOne(guest);
-        wishes.removeIf([guest](const auto &wish) {
-            return wish.key().first == guest || wish.key().second == guest;
-        });
-        guests.removeOne(guest);
-    }
-    void assign(KWGuest *guest, KWTable *table, int seat)
-    {
-        KWGuest *occupant = seats[table][seat];
-        KWTable *oldTable = nullptr;
-        int oldSeat = -1;
-        const bool wasSeated = find(guest, &oldTable, &oldSeat);
-        seats[table][seat] = guest;
-        if (wasSeated && occupant != guest)
-            seats[oldTable][oldSeat] = occupant;
-    }
-    void setWish(KWGuest *a, KWGuest *b, int value)
-    {
-        wishes[{a, b}] = value;
-        wishes[{b, a}] = value;
-    }
-    int wish(KWGuest *a, KWGuest *b) const { return wishes.value({a, b}, KWScore::Neutral); }
-};
-
 QList<KWGuest *> seatsOf(const KWTable *table)
 {
     return {table->seats().begin(), table->seats().end()};
@@ -107,23 +39,26 @@ public:
     /// Deletions are rarer than additions until the plan has grown, so that its size hovers.
     void step()
     {
-        using Edit = void (RandomEdits::*)();
+        using Edit = QStringList (RandomEdits::*)();
         static constexpr std::array<Edit, 12> edits{
             &RandomEdits::assign,      &RandomEdits::assign,      &RandomEdits::assign,
             &RandomEdits::unassign,    &RandomEdits::wish,        &RandomEdits::wish,
             &RandomEdits::moveToGroup, &RandomEdits::resize,      &RandomEdits::rotate,
-            &RandomEdits::reorder,     &RandomEdits::changeGuest, &RandomEdits::wish};
+            &RandomEdits::reorder,     &RandomEdits::changeGuest, &RandomEdits::changeShape};
+        m_log.take();
+        QStringList expected;
         const int kind = draw(16);
         if (kind == 12)
-            m_naive.guests.size() < 30 ? addGuest() : deleteGuest();
+            expected = m_naive.guests.size() < 30 ? addGuest() : deleteGuest();
         else if (kind == 13)
-            m_naive.guests.size() > 10 ? deleteGuest() : addGuest();
+            expected = m_naive.guests.size() > 10 ? deleteGuest() : addGuest();
         else if (kind == 14)
-            m_naive.tables.size() < 6 ? addTable() : deleteTable();
+            expected = m_naive.tables.size() < 6 ? addTable() : deleteTable();
         else if (kind == 15)
-            m_naive.groups.size() < 8 ? addGroup() : deleteGroup();
+            expected = m_naive.groups.size() < 8 ? addGroup() : deleteGroup();
         else
-            (this->*edits[static_cast<std::size_t>(kind)])();
+            expected = (this->*edits[static_cast<std::size_t>(kind)])();
+        QCOMPARE(m_log.take(), expected);
     }
 
     /// Puts a copy in the plan's place, as undoing does.
@@ -131,7 +66,7 @@ public:
     {
         const KWDocument copy(m_plan);
         m_plan = copy;
-        m_naive = translated(m_naive);
+        m_naive = m_naive.translatedTo(m_plan);
     }
 
 private:
@@ -146,145 +81,134 @@ private:
         return list.isEmpty() ? nullptr : list.at(draw(list.size()));
     }
 
-    void addGuest()
+    QByteArray name(char kind) { return kind + QByteArray::number(++m_added); }
+
+    QStringList addGuest()
     {
         KWGroup *group = draw(8) == 0 ? nullptr : any(m_naive.groups);
-        const QByteArray name = 'G' + QByteArray::number(++m_added);
-        KWGuest *guest =
-            ::addGuest(m_plan, {name.constData(), draw(3), draw(4) == 0, draw(5) == 0}, group);
-        m_naive.guests.append(guest);
-        if (group)
-            m_naive.members[group].append(guest);
+        const QByteArray called = name('G');
+        const TestGuest guest{called.constData(), draw(3), draw(4) == 0, draw(5) == 0};
+        return m_naive.addGuest(::addGuest(m_plan, guest, group), group);
     }
-    void addGroup() { m_naive.groups.append(m_plan.addGroup({}, s("group"), {})); }
-    void addTable()
+    QStringList addGroup()
     {
-        KWTable *table = m_plan.addTable(draw(KWTable::ShapeCount), s("T"), draw(8), draw(3),
-                                         draw(3), draw(3), {}, {});
-        m_naive.tables.append(table);
-        m_naive.seats[table] = QList<KWGuest *>(table->seatCount(), nullptr);
+        return m_naive.addGroup(m_plan.addGroup({}, s(name('P').constData()), {}));
     }
-    void deleteGuest()
+    QStringList addTable()
+    {
+        return m_naive.addTable(m_plan.addTable(draw(KWTable::ShapeCount), s(name('T').constData()),
+                                                draw(8), draw(3), draw(3), draw(3), {}, {}));
+    }
+    QStringList deleteGuest()
     {
         KWGuest *guest = any(m_naive.guests);
-        if (guest)
-            m_naive.forget(guest);
-        m_plan.deleteGuest(guest, toss());
+        const bool rescore = toss();
+        const QStringList steps = m_naive.deleteGuest(guest, rescore);
+        m_plan.deleteGuest(guest, rescore);
+        return steps;
     }
-    void deleteTable()
+    QStringList deleteTable()
     {
         KWTable *table = any(m_naive.tables);
-        m_naive.tables.removeOne(table);
-        m_naive.seats.remove(table);
-        m_plan.deleteTable(table, toss());
+        const bool rescore = toss();
+        const QStringList steps = m_naive.deleteTable(table, rescore);
+        m_plan.deleteTable(table, rescore);
+        return steps;
     }
-    void deleteGroup()
+    QStringList deleteGroup()
     {
         KWGroup *group = any(m_naive.groups);
-        for (KWGuest *guest : m_naive.members.take(group))
-            m_naive.forget(guest);
-        m_naive.groups.removeOne(group);
-        m_plan.deleteGroup(group, toss());
+        const bool rescore = toss();
+        const QStringList steps = m_naive.deleteGroup(group, rescore);
+        m_plan.deleteGroup(group, rescore);
+        return steps;
     }
-    void assign()
+    QStringList assign()
     {
         KWGuest *guest = any(m_naive.guests);
         KWTable *table = any(m_naive.tables);
         const int seat = draw(10) - 1;
-        if (guest && table && seat >= 0 && seat < table->seatCount())
-            m_naive.assign(guest, table, seat);
-        m_plan.assignGuest(guest, table, seat, toss());
+        const bool rescore = toss();
+        QStringList steps;
+        if (seat >= 0 && seat < table->seatCount())
+            steps = m_naive.assign(guest, table, seat, rescore);
+        m_plan.assignGuest(guest, table, seat, rescore);
+        return steps;
     }
-    void unassign()
+    QStringList unassign()
     {
         KWGuest *guest = any(m_naive.guests);
-        m_naive.unseat(guest);
-        m_plan.unassignGuest(guest, toss());
+        const bool rescore = toss();
+        const QStringList steps = m_naive.unassign(guest, rescore);
+        m_plan.unassignGuest(guest, rescore);
+        return steps;
     }
-    void wish()
+    QStringList wish()
     {
         KWGuest *a = any(m_naive.guests);
         KWGuest *b = any(m_naive.guests);
         const int value = draw(5);
-        m_naive.setWish(a, b, value);
-        m_plan.setAffinity(a, b, value, toss());
+        const bool rescore = toss();
+        const QStringList steps = m_naive.setWish(a, b, value, rescore);
+        m_plan.setAffinity(a, b, value, rescore);
+        return steps;
     }
-    void moveToGroup()
+    QStringList moveToGroup()
     {
         KWGuest *guest = any(m_naive.guests);
         KWGroup *group = any(m_naive.groups);
-        if (KWGroup *old = m_naive.groupOf(guest))
-            m_naive.members[old].removeOne(guest);
-        m_naive.members[group].append(guest);
+        const QStringList steps = m_naive.moveToGroup(group, guest);
         m_plan.moveGuestToGroup(group, guest);
+        return steps;
     }
-    /// Guests keep their order, and those at the end fall off. Where exactly the others then sit
-    /// is told by other tests.
-    void resize()
+    QStringList resize()
     {
         KWTable *table = any(m_naive.tables);
         const int count = draw(10);
-        const QList<KWGuest *> before = m_naive.seats.value(table);
-        m_plan.resizeTable(table, count, toss());
-        const QList<KWGuest *> after = seatsOf(table);
-        QCOMPARE(after.size(), count);
-        QCOMPARE(seated(after), seated(before).mid(0, count));
-        m_naive.seats[table] = after;
+        const bool rescore = toss();
+        const QStringList steps = m_naive.resize(table, count, rescore);
+        m_plan.resizeTable(table, count, rescore);
+        return steps;
     }
-    void rotate()
+    QStringList rotate()
     {
         KWTable *table = any(m_naive.tables);
-        const QList<KWGuest *> before = m_naive.seats.value(table);
-        const int by = table->shape() == KWTable::Circular      ? 1
-                       : table->shape() == KWTable::Rectangular ? table->seatsDown()
-                       : table->shape() == KWTable::Custom      ? table->seatsDown2()
-                                                                : 0;
-        for (int seat = 0; seat < before.size(); ++seat)
-            m_naive.seats[table][(seat + by) % before.size()] = before.at(seat);
+        const QStringList steps = m_naive.rotate(table);
         m_plan.rotateTable(table);
+        return steps;
     }
-    void reorder()
+    QStringList reorder()
     {
         KWTable *table = any(m_naive.tables);
         KWTable *other = any(m_naive.tables);
-        if (table != other) {
-            m_naive.tables.removeOne(table);
-            m_naive.tables.insert(m_naive.tables.indexOf(other), table);
-        }
+        const QStringList steps = m_naive.moveBefore(table, other);
         m_plan.moveTableBefore(table, other);
+        return steps;
     }
-    void changeGuest()
+    QStringList changeGuest()
     {
         KWGuest *guest = any(m_naive.guests);
-        m_plan.setGuestVip(guest, toss());
-        m_plan.setGuestLocked(guest, toss());
-        m_plan.setTableShape(any(m_naive.tables), draw(KWTable::ShapeCount));
+        const bool value = toss();
+        if (toss()) {
+            const QStringList steps = m_naive.setVip(guest, value);
+            m_plan.setGuestVip(guest, value);
+            return steps;
+        }
+        const QStringList steps = m_naive.setLocked(guest, value);
+        m_plan.setGuestLocked(guest, value);
+        return steps;
     }
-
-    /// The same with the objects that stand at the same positions of the plan now.
-    NaivePlan translated(const NaivePlan &old) const
+    QStringList changeShape()
     {
-        const auto now = [&](KWGuest *guest) {
-            return guest ? m_plan.guestAt(static_cast<int>(old.guests.indexOf(guest))) : nullptr;
-        };
-        const auto allNow = [&](QList<KWGuest *> guests) {
-            std::transform(guests.begin(), guests.end(), guests.begin(), now);
-            return guests;
-        };
-        NaivePlan result;
-        result.guests = m_plan.guests();
-        result.groups = m_plan.groups();
-        result.tables = m_plan.tables();
-        for (qsizetype i = 0; i < old.groups.size(); ++i)
-            result.members[result.groups.at(i)] = allNow(old.members[old.groups.at(i)]);
-        for (qsizetype i = 0; i < old.tables.size(); ++i)
-            result.seats[result.tables.at(i)] = allNow(old.seats[old.tables.at(i)]);
-        for (auto wish = old.wishes.cbegin(); wish != old.wishes.cend(); ++wish)
-            result.wishes[{now(wish.key().first), now(wish.key().second)}] = wish.value();
-        return result;
+        KWTable *table = any(m_naive.tables);
+        const int shape = draw(KWTable::ShapeCount);
+        const QStringList steps = m_naive.setShape(table, shape);
+        m_plan.setTableShape(table, shape);
+        return steps;
     }
 
     KWDocument m_plan;
+    StepLog m_log{m_plan};
     NaivePlan m_naive;
     std::mt19937 m_engine;
     int m_added = 0;
