@@ -11,7 +11,14 @@ KWFindPattern::KWFindPattern(const QString &pattern)
 {
 }
 
-bool KWFindPattern::isIn(const QString &text) const
+bool KWFindPattern::isIn(const QString &text)
 {
-    return m_expression.match(text).hasMatch();
+    constexpr int patience = 3;
+    if (!isValid() || m_givenUp == patience)
+        return false;
+    const QRegularExpressionMatch match = m_expression.match(text);
+    // Of a valid expression that is one that ran out of steps.
+    if (!match.isValid())
+        ++m_givenUp;
+    return match.hasMatch();
 }

@@ -3,9 +3,8 @@
 #include "core/model/kwdocument.h"
 #include "gui/appearance/kwpixmaps.h"
 #include "gui/framework/kwmainwindow.h"
-#include "gui/panes/kwlistview.h"
+#include "gui/panes/kwrowhost.h"
 
-#include <QCoreApplication>
 #include <QMenu>
 
 namespace {
@@ -18,18 +17,6 @@ QString shortened(const QString &notes)
     if (text.size() > longest)
         text = text.left(longest - 3) + QStringLiteral("...");
     return text.replace(u'\n', u' ');
-}
-
-/// In the words of the guest's dialog; empty for unknown values.
-QString genderAndAge(const KWGuest &guest)
-{
-    static const QList<const char *> genders{"Undefined", "Male", "Female"};
-    static const QList<const char *> ages{"Adult", "Child"};
-    const auto word = [](const char *english) {
-        return QCoreApplication::translate("KWGuestWidget", english);
-    };
-    return (word(genders.value(guest.gender(), "")) + u' ' + word(ages.value(guest.age(), "")))
-        .trimmed();
 }
 
 QString markKey(bool marked)
@@ -97,7 +84,7 @@ QVariant KWGuestListViewItem::data(int column, int role) const
     };
     switch (column) {
     case Picture:
-        return genderAndAge(*m_guest);
+        return sentence();
     case Locked:
         return mark(m_guest->isLocked());
     case Vip:
@@ -107,6 +94,50 @@ QVariant KWGuestListViewItem::data(int column, int role) const
     default:
         return text(column);
     }
+}
+
+QString KWGuestListViewItem::sentence() const
+{
+    QStringList parts{m_guest->displayName(), genderAndAge()};
+    KWTable *table = nullptr;
+    int seat = -1;
+    if (m_document->findGuest(m_guest, &table, &seat))
+        parts << tr("%1, seat %2").arg(table->name(), QString::number(seat + 1));
+    else
+        parts << tr("no seat");
+    if (m_guest->isLocked())
+        parts << tr("locked");
+    if (m_guest->isVip())
+        parts << tr("VIP");
+    if (m_guest->isAccepted())
+        parts << tr("accepted");
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+QString KWGuestListViewItem::genderAndAge() const
+{
+    switch (m_guest->age() * 3 + m_guest->gender()) {
+    case 0:
+        return tr("adult");
+    case 1:
+        return tr("male adult");
+    case 2:
+        return tr("female adult");
+    case 3:
+        return tr("child");
+    case 4:
+        return tr("male child");
+    case 5:
+        return tr("female child");
+    default:
+        return {};
+    }
+}
+
+QString KWGuestListViewItem::wholeText(int column) const
+{
+    return column == Notes ? m_guest->notes() : KWShadedListViewItem::wholeText(column);
 }
 
 QString KWGuestListViewItem::key(int column) const
@@ -150,6 +181,6 @@ void KWGuestListViewItem::contextMenu()
         menu.addAction(window->editAction(action));
     menu.addSeparator();
     menu.addAction(window->editAction(Window::Delete));
-    const auto *list = dynamic_cast<const KWListView *>(treeWidget());
-    menu.exec(list ? list->menuPosition() : QCursor::pos());
+    const auto *host = dynamic_cast<const KWRowHost *>(treeWidget());
+    menu.exec(host ? host->menuPosition() : QCursor::pos());
 }

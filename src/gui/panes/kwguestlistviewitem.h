@@ -2,6 +2,8 @@
 
 #include "gui/panes/kwlistviewitem.h"
 
+#include <QCoreApplication>
+
 class KWDocument;
 class KWGuest;
 
@@ -9,6 +11,8 @@ class KWGuest;
 /// guest is.
 class KWGuestListViewItem : public KWShadedListViewItem
 {
+    Q_DECLARE_TR_FUNCTIONS(KWGuestListViewItem)
+
 public:
     enum Column {
         Picture,
@@ -33,8 +37,11 @@ public:
     virtual void update();
 
     QString key(int column) const override;
-    /// Says for the ears what the pictures show.
+    /// Says for the ears what the pictures show, and in the first cell, which is read out by
+    /// itself, all that matters of the guest.
     QVariant data(int column, int role) const override;
+    /// Of notes that were shortened, all.
+    QString wholeText(int column) const override;
     /// Who has no seat yet stands out in bold.
     void prepareToPaint(QStyleOptionViewItem &option) override;
     void contextMenu() override;
@@ -42,6 +49,9 @@ public:
 private:
     void fill();
     void setPixmap(int column, const QPixmap &pixmap);
+    QString sentence() const;
+    /// "male adult"; empty for unknown values.
+    QString genderAndAge() const;
 
     KWDocument *m_document;
     KWGuest *m_guest;

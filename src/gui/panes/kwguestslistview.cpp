@@ -14,6 +14,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <array>
 
 using Row = KWGuestListViewItem;
@@ -28,8 +29,9 @@ struct ColumnFacts
     QString KWGuestValues::*value;
 };
 
+// The first width is the list's own.
 constexpr std::array<ColumnFacts, Row::ColumnCount> columns{{
-    {40, false, nullptr},
+    {0, false, nullptr},
     {120, false, &KWGuestValues::display_name},
     {40, false, &KWGuestValues::title},
     {80, false, &KWGuestValues::first_name},
@@ -49,9 +51,26 @@ Row *guestRow(QTreeWidgetItem *item)
 } // namespace
 
 KWGuestsListView::KWGuestsListView(QWidget *parent, KWDocument *document)
-    : KWListView(document, parent, QStringLiteral("guests list view"))
+    : KWGuestsListView(
+          parent, document,
+          {.objectName = "guests list view",
+           .context = "KWGuestsListView",
+           .accessibleName = QT_TR_NOOP("Guests"),
+           .toolTip = QT_TR_NOOP("Guests pane"),
+           .whatsThis = QT_TR_NOOP(
+               "<b>Guests pane</b><br/>Displays individual guests. Click on a column to sort. "
+               "Guests can be dragged to seats or tables in the <b>Schematic</b> or <b>Floor "
+               "Plan</b> planes to assign them. "),
+           .firstHeader = "",
+           .firstWidth = 40})
 {
-    languageChange();
+}
+
+KWGuestsListView::KWGuestsListView(QWidget *parent, KWDocument *document, const Look &look)
+    : KWListView(document, parent, QString::fromLatin1(look.objectName))
+    , m_look(look)
+{
+    KWGuestsListView::languageChange();
     makeColumns();
     setSelectionMode(ExtendedSelection);
     setRootIsDecorated(false);
@@ -59,18 +78,20 @@ KWGuestsListView::KWGuestsListView(QWidget *parent, KWDocument *document)
     sortByColumn(Row::LastName, Qt::AscendingOrder);
     connectDocument();
     connect(this, &KWListView::itemRenamed, this, &KWGuestsListView::renameInPlace);
-    connect(this, &QTreeWidget::itemClicked, this, &KWGuestsListView::clickedOnItem);
+    connect(this, &KWListView::rowClicked, this, &KWGuestsListView::clickedOnItem);
 }
 
 void KWGuestsListView::languageChange()
 {
-    setHeaderLabels({QString(), tr("Display name"), tr("Title"), tr("First name"), tr("Last name"),
-                     tr("Assigned"), tr("Locked"), tr("VIP"), tr("Accepted"), tr("Meal"),
-                     tr("Notes")});
-    setToolTip(tr("Guests pane"));
-    setWhatsThis(tr("<b>Guests pane</b><br/>Displays individual guests. Click on a column to sort. "
-                    "Guests can be dragged to seats or tables in the <b>Schematic</b> or <b>Floor "
-                    "Plan</b> planes to assign them. "));
+    const auto translated = [this](const char *text) {
+        return *text ? QCoreApplication::translate(m_look.context, text) : QString();
+    };
+    setHeaderLabels({translated(m_look.firstHeader), tr("Display name"), tr("Title"),
+                     tr("First name"), tr("Last name"), tr("Assigned"), tr("Locked"), tr("VIP"),
+                     tr("Accepted"), tr("Meal"), tr("Notes")});
+    setAccessibleName(translated(m_look.accessibleName));
+    setToolTip(translated(m_look.toolTip));
+    setWhatsThis(translated(m_look.whatsThis));
 }
 
 void KWGuestsListView::changeEvent(QEvent *event)
@@ -91,7 +112,13 @@ void KWGuestsListView::makeColumns()
 
 void KWGuestsListView::setColumnShown(int column, bool shown)
 {
-    setColumnWidth(column, shown ? columns.at(static_cast<std::size_t>(column)).width : 0);
+    setColumnWidth(column, shown ? widthOf(column) : 0);
+}
+
+int KWGuestsListView::widthOf(int column) const
+{
+    return column == Row::Picture ? m_look.firstWidth
+                                  : columns.at(static_cast<std::size_t>(column)).width;
 }
 
 bool KWViewSettings::*KWGuestsListView::shownSetting(int column) const
@@ -123,6 +150,8 @@ void KWGuestsListView::connectDocument()
     connect(document(), &KWDocument::eventRefresh, this, &List::updateOnRefresh);
     connect(document(), &KWDocument::eventSimpleAutoLayout, this, &List::updateOnRefresh);
     connect(document(), &KWDocument::eventClear, this, &List::updateOnClear);
+    // Its end replaces the guests, and tells of it later.
+    connect(document(), &KWDocument::eventPrepareAutoLayout, this, [this] { dropEdit(); });
 }
 
 void KWGuestsListView::updateOnNewGuest(KWGuest *guest)
@@ -131,11 +160,16 @@ void KWGuestsListView::updateOnNewGuest(KWGuest *guest)
         setNeedsRefresh(true);
         return;
     }
-    if (!guest)
-        return;
-    auto *row = new Row(this, document(), guest);
+    if (guest)
+        addRow(guest);
+}
+
+KWGuestListViewItem *KWGuestsListView::addRow(KWGuest *guest, QTreeWidgetItem *parent)
+{
+    Row *row = parent ? new Row(parent, document(), guest) : new Row(this, document(), guest);
     for (int column = 0; column < Row::ColumnCount; ++column)
         row->setRenameEnabled(column, columns.at(static_cast<std::size_t>(column)).value);
+    return row;
 }
 
 void KWGuestsListView::updateOnDeleteGuest(KWGuest *guest)
@@ -187,12 +221,17 @@ void KWGuestsListView::updateOnRefresh()
     clear();
     // Sorting once is enough.
     setSortingEnabled(false);
-    for (KWGuest *guest : document()->guests())
-        updateOnNewGuest(guest);
+    addAllRows();
     setSortingEnabled(true);
     endUpdateBlock();
     refreshContents();
     setNeedsRefresh(false);
+}
+
+void KWGuestsListView::addAllRows()
+{
+    for (KWGuest *guest : document()->guests())
+        updateOnNewGuest(guest);
 }
 
 void KWGuestsListView::showEvent(QShowEvent *event)
@@ -216,20 +255,34 @@ void KWGuestsListView::renameInPlace(QTreeWidgetItem *item, int column, const QS
 {
     const Row *row = guestRow(item);
     const auto value = columns.at(static_cast<std::size_t>(column)).value;
-    if (!row || !value)
+    // Rows may wait for the news that their guests are gone.
+    if (!row || !value || !document()->guests().contains(row->guest()))
         return;
     KWGuestValues values = row->guest()->values();
     values.*value = text;
     document()->editGuest(row->guest(), values);
+    tellOfDisplayName(values, column);
     // It may have got another place in the order.
     scrollToRow(item);
+}
+
+// A name that is corrected here stays wrong wherever the display name is shown.
+void KWGuestsListView::tellOfDisplayName(const KWGuestValues &values, int column)
+{
+    if (column != Row::Title && column != Row::FirstName && column != Row::LastName)
+        return;
+    const QString &part = values.*columns.at(static_cast<std::size_t>(column)).value;
+    const bool stands = !part.isEmpty() && values.display_name.contains(part);
+    KWMainWindow *window = mainWin();
+    if (window && !stands)
+        window->showStatusMessage(tr("The display name is still '%1'").arg(values.display_name));
 }
 
 void KWGuestsListView::clickedOnItem(QTreeWidgetItem *item, int column)
 {
     const Row *row = guestRow(item);
     KWMainWindow *window = mainWin();
-    if (!row || !window || m_doubleClicking)
+    if (!row || !window)
         return;
     const KWBusy busy;
     KWGuest *guest = row->guest();
@@ -289,38 +342,63 @@ void KWGuestsListView::dragSelectedGuests()
     runDrag(new KWDrag(document(), guests, viewport()));
 }
 
-void KWGuestsListView::find(const QString &text)
+bool KWGuestsListView::find(const QString &text)
 {
     if (text.isEmpty() || !KWFindPattern(text).isValid())
-        return;
-    // Many matches that stay just below their limit are too many.
-    const QDeadlineTimer deadline(25);
-    Row *row = rowWith(KWFindPattern(u'^' + text), deadline);
-    if (!row)
-        row = rowWith(KWFindPattern(text), deadline);
-    if (!row)
-        return;
-    selectRow(row);
-    setThisViewActive();
+        return false;
+    return selectFirst(KWFindPattern(u'^' + text)) || selectFirst(KWFindPattern(text));
 }
 
-KWGuestListViewItem *KWGuestsListView::rowWith(const KWFindPattern &pattern,
-                                               const QDeadlineTimer &deadline)
+bool KWGuestsListView::findNext(const QString &text, bool above)
 {
-    for (QTreeWidgetItemIterator it(this); *it && !deadline.hasExpired(); ++it) {
-        Row *row = guestRow(*it);
-        for (int column = Row::LastName; row && column >= Row::Picture; --column) {
-            if (pattern.isIn(row->text(column)))
-                return row;
+    if (text.isEmpty())
+        return false;
+    KWFindPattern pattern(text);
+    QList<QTreeWidgetItem *> rows;
+    for (QTreeWidgetItemIterator it(this); *it; ++it)
+        rows.append(*it);
+    if (above)
+        std::reverse(rows.begin(), rows.end());
+    // The one behind the current row comes first, and that row last.
+    const auto behind = std::find(rows.begin(), rows.end(), currentItem());
+    if (behind != rows.end())
+        std::rotate(rows.begin(), behind + 1, rows.end());
+    for (QTreeWidgetItem *row : rows) {
+        const int column = columnWith(pattern, row);
+        if (column >= 0) {
+            selectRow(row, column);
+            setThisViewActive();
+            return true;
         }
     }
-    return nullptr;
+    return false;
 }
 
-void KWGuestsListView::selectRow(QTreeWidgetItem *row)
+bool KWGuestsListView::selectFirst(KWFindPattern pattern)
+{
+    for (QTreeWidgetItemIterator it(this); *it; ++it) {
+        const int column = columnWith(pattern, *it);
+        if (column >= 0) {
+            selectRow(*it, column);
+            setThisViewActive();
+            return true;
+        }
+    }
+    return false;
+}
+
+int KWGuestsListView::columnWith(KWFindPattern &pattern, QTreeWidgetItem *row)
+{
+    int column = Row::LastName;
+    while (column >= Row::Picture && !pattern.isIn(row->text(column)))
+        --column;
+    return column;
+}
+
+void KWGuestsListView::selectRow(QTreeWidgetItem *row, int column)
 {
     const int left = horizontalScrollBar()->value();
-    setCurrentItem(row, 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    setCurrentItem(row, column, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     horizontalScrollBar()->setValue(left);
     scrollToRow(row);
 }
@@ -336,5 +414,5 @@ void KWGuestsListView::scrollToRow(QTreeWidgetItem *row)
 void KWGuestsListView::showGuest(KWGuest *guest)
 {
     if (Row *row = itemOfGuest(guest))
-        selectRow(row);
+        selectRow(row, Row::DisplayName);
 }

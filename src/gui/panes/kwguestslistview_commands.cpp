@@ -12,12 +12,22 @@
 
 #include <algorithm>
 
+QList<KWGuest *> KWGuestsListView::guestsOf(QTreeWidgetItem *row) const
+{
+    const auto *guestRow = dynamic_cast<KWGuestListViewItem *>(row);
+    return guestRow ? QList<KWGuest *>{guestRow->guest()} : QList<KWGuest *>();
+}
+
 QList<KWGuest *> KWGuestsListView::selectedGuests() const
 {
     QList<KWGuest *> guests;
-    for (QTreeWidgetItem *item : selectedRows()) {
-        if (const auto *row = dynamic_cast<KWGuestListViewItem *>(item))
-            guests.append(row->guest());
+    QSet<KWGuest *> known;
+    for (QTreeWidgetItem *row : selectedRows()) {
+        for (KWGuest *guest : guestsOf(row)) {
+            if (!known.contains(guest))
+                guests.append(guest);
+            known.insert(guest);
+        }
     }
     return guests;
 }
@@ -25,12 +35,18 @@ QList<KWGuest *> KWGuestsListView::selectedGuests() const
 bool KWGuestsListView::onlyGuestsSelected() const
 {
     const QList<QTreeWidgetItem *> rows = selectedRows();
-    return !rows.isEmpty() && rows.size() == selectedGuests().size();
+    return !rows.isEmpty() &&
+           std::none_of(rows.cbegin(), rows.cend(),
+                        [this](QTreeWidgetItem *row) { return guestsOf(row).isEmpty(); });
 }
 
 KWGuest *KWGuestsListView::firstSelectedGuest()
 {
-    return selectedGuests().value(0);
+    for (QTreeWidgetItem *item : selectedRows()) {
+        if (const auto *row = dynamic_cast<KWGuestListViewItem *>(item))
+            return row->guest();
+    }
+    return nullptr;
 }
 
 void KWGuestsListView::deleteSelection()

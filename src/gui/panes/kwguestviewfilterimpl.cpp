@@ -1,9 +1,12 @@
 #include "gui/panes/kwguestviewfilterimpl.h"
 
+#include "gui/appearance/kwcontrast.h"
+#include "gui/panes/kweditkeys.h"
 #include "gui/panes/kwguestlistviewitem.h"
 #include "gui/panes/kwguestslistview.h"
 #include "ui_kwguestviewfilter.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -11,11 +14,10 @@ using Row = KWGuestListViewItem;
 
 namespace {
 
-/// Keys of the Edit menu that line edits of this platform take for ways to move and to delete.
-bool isCommand(const QKeyEvent &key)
+/// The keys that lead from what was typed into the list.
+bool leadsIntoList(const QKeyEvent &key)
 {
-    return key.modifiers() == Qt::ControlModifier &&
-           QList<int>{Qt::Key_E, Qt::Key_K, Qt::Key_U}.contains(key.key());
+    return QList<int>{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}.contains(key.key());
 }
 } // namespace
 
@@ -60,6 +62,7 @@ void KWGuestViewFilterImpl::setView(KWGuestsListView *view)
     m_view = view;
     connect(view->header(), &QHeaderView::sectionResized, this,
             &KWGuestViewFilterImpl::columnWidthHasChanged);
+    view->installEventFilter(this);
 }
 
 std::array<QCheckBox *, 10> KWGuestViewFilterImpl::boxes() const
@@ -126,7 +129,28 @@ void KWGuestViewFilterImpl::columnWidthHasChanged(int column, int, int width)
 
 void KWGuestViewFilterImpl::find(const QString &text)
 {
-    m_view->find(text.trimmed());
+    const QString wanted = text.trimmed();
+    showFound(m_view->find(wanted) || wanted.isEmpty());
+}
+
+void KWGuestViewFilterImpl::findNext(bool above)
+{
+    const QString wanted = m_ui->m_findLineEdit->text().trimmed();
+    showFound(m_view->findNext(wanted, above) || wanted.isEmpty());
+}
+
+// What cannot be found, or not yet, stands on red.
+void KWGuestViewFilterImpl::showFound(bool found)
+{
+    QPalette palette;
+    if (!found) {
+        const QPalette usual = QApplication::palette(m_ui->m_findLineEdit);
+        const QColor ground = mixed(usual.color(QPalette::Base), Qt::red, 0.25F);
+        palette.setColor(QPalette::Base, ground);
+        palette.setColor(QPalette::Text, legible(usual.color(QPalette::Text), ground));
+    }
+    m_ui->m_findLineEdit->setPalette(palette);
+    m_ui->m_findLineEdit->setAccessibleDescription(found ? QString() : tr("Nobody found"));
 }
 
 void KWGuestViewFilterImpl::showDisplayNameChanged(bool on)
@@ -179,20 +203,39 @@ void KWGuestViewFilterImpl::showNotesChanged(bool on)
     changeColumn(Row::Notes, on);
 }
 
-// Whoever has found a guest goes on with a command, or in the list.
 bool KWGuestViewFilterImpl::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isCommand(*static_cast<QKeyEvent *>(event))) {
-        event->ignore();
+    const bool isKey =
+        event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+    if (!isKey)
+        return QWidget::eventFilter(object, event);
+    auto &key = *static_cast<QKeyEvent *>(event);
+    if (object == m_ui->m_findLineEdit && handleFindKey(key))
         return true;
+    if (event->type() != QEvent::KeyPress || key.key() != Qt::Key_F3)
+        return QWidget::eventFilter(object, event);
+    findNext(key.modifiers() & Qt::ShiftModifier);
+    return true;
+}
+
+// Whoever has found a guest goes on with a command, or in the list.
+bool KWGuestViewFilterImpl::handleFindKey(QKeyEvent &key)
+{
+    // The label's letter is a menu's, too, which may have it elsewhere: with the letters that are
+    // typed next it would run commands.
+    const bool toField =
+        QKeySequence(key.keyCombination()) == QKeySequence::mnemonic(m_ui->textLabel1->text());
+    if (key.type() == QEvent::ShortcutOverride) {
+        key.setAccepted(toField);
+        return toField || isEditCommand(key);
     }
-    if (event->type() == QEvent::KeyPress &&
-        QList<int>{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down}.contains(
-            static_cast<QKeyEvent *>(event)->key())) {
+    if (toField)
+        m_ui->m_findLineEdit->selectAll();
+    else if (leadsIntoList(key))
         m_view->setFocus();
-        return true;
-    }
-    return QWidget::eventFilter(object, event);
+    else
+        return false;
+    return true;
 }
 
 void KWGuestViewFilterImpl::languageChange()

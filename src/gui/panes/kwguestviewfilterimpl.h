@@ -9,6 +9,7 @@
 
 class KWGuestsListView;
 class QCheckBox;
+class QKeyEvent;
 
 namespace Ui {
 class KWGuestViewFilter;
@@ -58,6 +59,9 @@ private:
     void connectBoxes();
     void fold(bool folded);
     void changeColumn(int column, bool shown);
+    void findNext(bool above);
+    void showFound(bool found);
+    bool handleFindKey(QKeyEvent &key);
 
     std::unique_ptr<Ui::KWGuestViewFilter> m_ui;
     KWGuestsListView *m_view = nullptr;

@@ -2,12 +2,16 @@
 
 #include "gui/exchange/kwdrag.h"
 #include "gui/framework/kwmainwindow.h"
-#include "gui/panes/kwlistviewdelegate.h"
 #include "gui/panes/kwlistviewitem.h"
+#include "gui/panes/kwroweditor.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
+
+#include <map>
 
 namespace {
 
@@ -24,12 +28,12 @@ KWListView::KWListView(KWDocument *document, QWidget *parent, const QString &nam
     : QTreeWidget(parent)
     , KWView(document)
     , m_collator(localeOfNames())
+    , m_rowEditor(new KWRowEditor(this))
 {
     setObjectName(name);
     setAllColumnsShowFocus(true);
     setUniformRowHeights(true);
-    setEditTriggers(SelectedClicked | EditKeyPressed);
-    setItemDelegate(new KWListViewDelegate(this));
+    setItemDelegate(m_rowEditor);
     header()->setStretchLastSection(false);
     // A column can be dragged down to nothing.
     header()->setMinimumSectionSize(0);
@@ -38,12 +42,20 @@ KWListView::KWListView(KWDocument *document, QWidget *parent, const QString &nam
     connect(this, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem *item) { edit(item); });
     connect(this, &QTreeWidget::itemSelectionChanged, &m_follower, [this] { updateCommands(); });
-    connectStripes();
+    connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *item, int column) {
+        if (!m_secondPress)
+            emit rowClicked(item, column);
+    });
+    connectRows();
+    connectEditor();
 }
 
-void KWListView::connectStripes()
+void KWListView::connectRows()
 {
-    const auto outdate = [this] { m_stripesOutdated = true; };
+    const auto outdate = [this] {
+        m_stripesOutdated = true;
+        m_selectedRows.reset();
+    };
     connect(model(), &QAbstractItemModel::rowsInserted, &m_follower, outdate);
     connect(model(), &QAbstractItemModel::rowsRemoved, &m_follower, outdate);
     connect(model(), &QAbstractItemModel::rowsMoved, &m_follower, outdate);
@@ -51,6 +63,18 @@ void KWListView::connectStripes()
     connect(model(), &QAbstractItemModel::modelReset, &m_follower, outdate);
     connect(this, &QTreeView::expanded, &m_follower, outdate);
     connect(this, &QTreeView::collapsed, &m_follower, outdate);
+}
+
+void KWListView::connectEditor()
+{
+    connect(m_rowEditor, &KWRowEditor::kept, this,
+            [this](const QModelIndex &cell, const QString &text) {
+                QTreeWidgetItem *item = itemFromIndex(cell);
+                // The row may get another place by its new text, where the cell is another.
+                const int column = cell.column();
+                item->setText(column, text);
+                emit itemRenamed(item, column, text);
+            });
 }
 
 void KWListView::setThisViewActive()
@@ -101,21 +125,29 @@ void KWListView::keyboardSearch(const QString &search)
 
 QList<QTreeWidgetItem *> KWListView::selectedRows() const
 {
-    // A row of the top level goes before those under it.
+    if (m_selectedRows)
+        return *m_selectedRows;
+    // A row of the top level goes before those under it. One that was sorted anew may be selected
+    // in several ranges of columns.
     using Place = std::pair<int, int>;
-    std::vector<std::pair<Place, QTreeWidgetItem *>> rows;
+    std::map<Place, QTreeWidgetItem *> rows;
     for (const QItemSelectionRange &range : selectionModel()->selection()) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
             const QModelIndex parent = range.parent();
             const Place place = parent.isValid() ? Place(parent.row(), row) : Place(row, -1);
-            rows.emplace_back(place, itemFromIndex(model()->index(row, 0, parent)));
+            rows.emplace(place, itemFromIndex(model()->index(row, 0, parent)));
         }
     }
-    std::sort(rows.begin(), rows.end());
-    QList<QTreeWidgetItem *> result;
+    m_selectedRows.emplace();
     for (const auto &[place, item] : rows)
-        result.append(item);
-    return result;
+        m_selectedRows->append(item);
+    return *m_selectedRows;
+}
+
+void KWListView::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    m_selectedRows.reset();
+    QTreeWidget::selectionChanged(selected, deselected);
 }
 
 void KWListView::runDrag(KWDrag *drag)
@@ -123,9 +155,15 @@ void KWListView::runDrag(KWDrag *drag)
     drag->exec(Qt::MoveAction);
 }
 
+void KWListView::dropEdit()
+{
+    m_rowEditor->drop();
+}
+
 void KWListView::mousePressEvent(QMouseEvent *event)
 {
-    cancelPendingEdit();
+    m_secondPress = false;
+    m_rowEditor->forget();
     QTreeWidget::mousePressEvent(event);
     setThisViewActive();
     m_dragArmed = event->button() == Qt::LeftButton;
@@ -139,7 +177,6 @@ void KWListView::mouseReleaseEvent(QMouseEvent *event)
 {
     QTreeWidget::mouseReleaseEvent(event);
     m_dragArmed = false;
-    m_doubleClicking = false;
 }
 
 void KWListView::mouseDoubleClickEvent(QMouseEvent *event)
@@ -148,16 +185,12 @@ void KWListView::mouseDoubleClickEvent(QMouseEvent *event)
         mousePressEvent(event);
         return;
     }
-    cancelPendingEdit();
+    m_rowEditor->forget();
     m_dragArmed = false;
-    m_doubleClicking = true;
+    m_secondPress = true;
     QTreeWidget::mouseDoubleClickEvent(event);
-}
-
-// A click on a selected row opens an editor after a while, on whatever is the current cell then.
-void KWListView::cancelPendingEdit()
-{
-    QTreeWidget::edit(currentIndex(), DoubleClicked, nullptr);
+    // The base passes it on as a first press where the row is another now.
+    m_secondPress = true;
 }
 
 void KWListView::contextMenuEvent(QContextMenuEvent *event)
@@ -187,6 +220,48 @@ void KWListView::keyReleaseEvent(QKeyEvent *event)
     // The release of Ctrl itself comes without it among the modifiers.
     if (moves || event->key() == Qt::Key_Control || (event->modifiers() & Qt::ControlModifier))
         setThisViewActive();
+}
+
+// By whatever way it comes.
+void KWListView::focusInEvent(QFocusEvent *event)
+{
+    QTreeWidget::focusInEvent(event);
+    setThisViewActive();
+}
+
+void KWListView::focusOutEvent(QFocusEvent *event)
+{
+    m_rowEditor->forget();
+    QTreeWidget::focusOutEvent(event);
+}
+
+bool KWListView::viewportEvent(QEvent *event)
+{
+    return (event->type() == QEvent::ToolTip && showWholeText(*static_cast<QHelpEvent *>(event))) ||
+           QTreeWidget::viewportEvent(event);
+}
+
+// The pane's own tip stays for the rest.
+bool KWListView::showWholeText(const QHelpEvent &help)
+{
+    const QModelIndex cell = indexAt(help.pos());
+    auto *row = dynamic_cast<KWListViewItem *>(itemFromIndex(cell));
+    if (!row)
+        return false;
+    constexpr int longest = 1000;
+    const QString text = row->wholeText(cell.column()).left(longest);
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    row->prepareToPaint(option);
+    const QRect place = visualRect(cell);
+    const bool fits = itemDelegate()->sizeHint(option, cell).width() <= place.width();
+    if (text.isEmpty() || (fits && text == row->text(cell.column())))
+        return false;
+    // Of plain text, some could be taken for mark-up.
+    QToolTip::showText(help.globalPos(),
+                       QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()), viewport(),
+                       place);
+    return true;
 }
 
 void KWListView::paintEvent(QPaintEvent *event)
@@ -227,23 +302,23 @@ void KWListView::sortAnew()
 
 bool KWListView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
-    QModelIndex cell = index;
-    const auto *row = dynamic_cast<KWListViewItem *>(itemFromIndex(index));
-    if (row && trigger == EditKeyPressed && !row->isRenameEnabled(index.column())) {
-        // The key means the row: take the first cell that can be edited and seen.
-        for (int column = 0; column < columnCount(); ++column) {
-            if (row->isRenameEnabled(column) && columnWidth(column) > 0) {
-                cell = index.siblingAtColumn(column);
-                break;
-            }
-        }
-    }
-    if (row && !row->isRenameEnabled(cell.column()))
-        return false;
+    if (trigger == AllEditTriggers)
+        return QTreeWidget::edit(index, trigger, event);
+    if (trigger == EditKeyPressed)
+        return m_rowEditor->open(index);
     // A click into several selected rows leaves the one, and means no more than that.
-    if (trigger == SelectedClicked && numSelected() != 1)
-        return false;
-    return QTreeWidget::edit(cell, trigger, event);
+    if (trigger == SelectedClicked && !m_secondPress && numSelected() == 1)
+        m_rowEditor->openSoon(index);
+    return false;
+}
+
+// How a whole row is painted may depend on any of its cells.
+void KWListView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                             const QList<int> &roles)
+{
+    QTreeWidget::dataChanged(topLeft, bottomRight, roles);
+    const QRect rows = visualRect(topLeft).united(visualRect(bottomRight));
+    viewport()->update(0, rows.top(), viewport()->width(), rows.height());
 }
 
 void KWListView::drawRow(QPainter *painter, const QStyleOptionViewItem &option,

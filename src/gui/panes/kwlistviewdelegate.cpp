@@ -1,8 +1,5 @@
 #include "gui/panes/kwlistviewdelegate.h"
 
-#include "gui/panes/kwlistview.h"
-
-#include <QFocusEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -23,23 +20,7 @@ QPixmap onLightGround(const QPixmap &picture)
     painter.drawPixmap(0, 0, picture);
     return result;
 }
-
-bool losesFocus(const QEvent &event)
-{
-    if (event.type() == QEvent::FocusOut)
-        return static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
-    if (event.type() != QEvent::KeyPress)
-        return false;
-    const int key = static_cast<const QKeyEvent &>(event).key();
-    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
-}
 } // namespace
-
-KWListViewDelegate::KWListViewDelegate(KWListView *list)
-    : QStyledItemDelegate(list)
-    , m_list(list)
-{
-}
 
 QSize KWListViewDelegate::sizeHint(const QStyleOptionViewItem &option,
                                    const QModelIndex &index) const
@@ -50,23 +31,6 @@ QSize KWListViewDelegate::sizeHint(const QStyleOptionViewItem &option,
     return size;
 }
 
-void KWListViewDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
-                                      const QModelIndex &index) const
-{
-    QStyledItemDelegate::setModelData(editor, model, index);
-    QTreeWidgetItem *item = m_list->itemFromIndex(index);
-    emit m_list->itemRenamed(item, index.column(), item->text(index.column()));
-}
-
-bool KWListViewDelegate::eventFilter(QObject *object, QEvent *event)
-{
-    auto *editor = qobject_cast<QWidget *>(object);
-    if (!editor || !losesFocus(*event))
-        return QStyledItemDelegate::eventFilter(object, event);
-    emit closeEditor(editor, RevertModelCache);
-    return event->type() == QEvent::KeyPress;
-}
-
 void KWListViewDelegate::initStyleOption(QStyleOptionViewItem *option,
                                          const QModelIndex &index) const
 {
@@ -74,6 +38,8 @@ void KWListViewDelegate::initStyleOption(QStyleOptionViewItem *option,
     const auto picture = index.data(Qt::DecorationRole).value<QPixmap>();
     if (!picture.isNull() && (option->state & QStyle::State_Selected))
         option->icon.addPixmap(onLightGround(picture), QIcon::Selected);
-    if (m_list->headerItem()->textAlignment(index.column()) & Qt::AlignHCenter)
+    const QVariant alignment =
+        index.model()->headerData(index.column(), Qt::Horizontal, Qt::TextAlignmentRole);
+    if (alignment.toInt() & Qt::AlignHCenter)
         option->decorationPosition = QStyleOptionViewItem::Top;
 }

@@ -1,41 +1,25 @@
 #include "gui/panes/kwlistviewitem.h"
 
-#include "gui/panes/kwlistview.h"
+#include "gui/appearance/kwcontrast.h"
+#include "gui/panes/kwrowhost.h"
 
-#include <cmath>
+#include <QCollator>
 
 namespace {
 
-constexpr QColor stripe(224, 224, 255);
-
-/// Relative luminance, 0 for black to 1 for white.
-double luminance(const QColor &colour)
+/// What the rows of all lists are painted on.
+struct Grounds
 {
-    const auto linear = [](float channel) {
-        const auto part = static_cast<double>(channel);
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
+    QColor plain;
+    QColor stripe;
+};
 
-/// 1 for equal colours to 21 for black on white.
-double contrast(const QColor &a, const QColor &b)
+// As far from a dark ground as the stripe for light ones is from white.
+QColor stripeOn(const QPalette &palette)
 {
-    const double light = std::max(luminance(a), luminance(b));
-    const double dark = std::min(luminance(a), luminance(b));
-    return (light + 0.05) / (dark + 0.05);
-}
-
-/// `text` itself if it can be read on the background, else black or white.
-QColor legible(const QColor &text, const QColor &background)
-{
-    constexpr double enough = 4.5;
-    if (contrast(text, background) >= enough)
-        return text;
-    const QColor black(Qt::black);
-    const QColor white(Qt::white);
-    return contrast(black, background) > contrast(white, background) ? black : white;
+    const QColor ground = palette.color(QPalette::Base);
+    return isDark(ground) ? mixed(ground, palette.color(QPalette::Highlight), 0.12F)
+                          : QColor(224, 224, 255);
 }
 } // namespace
 
@@ -61,6 +45,11 @@ QString KWListViewItem::key(int column) const
     return text(column);
 }
 
+QString KWListViewItem::wholeText(int column) const
+{
+    return text(column);
+}
+
 void KWListViewItem::prepareToPaint(QStyleOptionViewItem &) {}
 
 void KWListViewItem::setRenameEnabled(int column, bool enabled)
@@ -72,24 +61,25 @@ void KWListViewItem::setRenameEnabled(int column, bool enabled)
 
 bool KWListViewItem::operator<(const QTreeWidgetItem &other) const
 {
-    const auto *list = dynamic_cast<const KWListView *>(treeWidget());
+    const auto *host = dynamic_cast<const KWRowHost *>(treeWidget());
     const auto *row = dynamic_cast<const KWListViewItem *>(&other);
-    if (!list || !row)
+    if (!host || !row)
         return QTreeWidgetItem::operator<(other);
-    const int column = list->sortColumn();
-    return list->collator().compare(key(column), row->key(column)) < 0;
+    const int column = treeWidget()->sortColumn();
+    return host->collator().compare(key(column), row->key(column)) < 0;
 }
 
 QColor KWShadedListViewItem::shade()
 {
     // Taken at the first call, once and for all lists.
-    static const QColor plain = treeWidget()->palette().color(QPalette::Base);
-    m_shade = plain;
+    static const Grounds grounds{treeWidget()->palette().color(QPalette::Base),
+                                 stripeOn(treeWidget()->palette())};
+    m_shade = grounds.plain;
     if (treeWidget()->topLevelItem(0) == this)
         return m_shade;
     const auto *above = dynamic_cast<KWShadedListViewItem *>(treeWidget()->itemAbove(this));
-    if (above && above->m_shade != stripe)
-        m_shade = stripe;
+    if (above && above->m_shade != grounds.stripe)
+        m_shade = grounds.stripe;
     return m_shade;
 }
 

@@ -19,6 +19,8 @@ public:
 
     /// What the row is sorted by in a column, by default its text. The direction plays no part.
     virtual QString key(int column) const;
+    /// What a cell that cannot show all of its text tells as a tip.
+    virtual QString wholeText(int column) const;
     /// Sets how the row is painted: its background is the palette's base. The palette comes with
     /// the list's colours.
     virtual void prepareToPaint(QStyleOptionViewItem &option);

@@ -1,5 +1,6 @@
 #include "core/model/kwguest.h"
 #include "core/model/kwtable.h"
+#include "gui/appearance/kwcontrast.h"
 #include "gui/appearance/kwpixmaps.h"
 #include "support/gui/guitest.h"
 #include "support/registeredtest.h"
@@ -74,22 +75,6 @@ double difference(const QImage &a, const QImage &b)
         }
     }
     return sum / (3.0 * a.width() * a.height());
-}
-
-double luminance(const QColor &colour)
-{
-    const auto linear = [](float channel) {
-        return channel <= 0.04045F ? channel / 12.92F : std::pow((channel + 0.055F) / 1.055F, 2.4F);
-    };
-    return static_cast<double>(0.2126F * linear(colour.redF()) + 0.7152F * linear(colour.greenF()) +
-                               0.0722F * linear(colour.blueF()));
-}
-
-/// From 1 to 21, as accessibility guidelines have it: 3 is enough for pictures, 4.5 for text.
-double contrast(const QColor &a, const QColor &b)
-{
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
-    return (high + 0.05) / (low + 0.05);
 }
 
 /// All icons as they look at the sizes and ratios in use, on light and on dark.

@@ -1,4 +1,5 @@
 #include "gui/appearance/kwcolourpreview.h"
+#include "gui/appearance/kwcontrast.h"
 #include "support/gui/guitest.h"
 #include "support/gui/themeshelf.h"
 #include "support/registeredtest.h"
@@ -24,18 +25,6 @@ Light lightOf(const QColor &colour)
     };
     return {linear(double(colour.redF())), linear(double(colour.greenF())),
             linear(double(colour.blueF()))};
-}
-
-double luminance(const Light &light)
-{
-    return 0.2126 * light[0] + 0.7152 * light[1] + 0.0722 * light[2];
-}
-
-/// From 1 for the same to 21 for black on white.
-double contrast(const QColor &one, const QColor &other)
-{
-    const auto [dark, bright] = std::minmax({luminance(lightOf(one)), luminance(lightOf(other))});
-    return (bright + 0.05) / (dark + 0.05);
 }
 
 using Matrix = std::array<std::array<double, 3>, 3>;
@@ -107,7 +96,7 @@ private slots:
         QVERIFY(m_names.contains(s("Classic white")));
         // For dark rooms.
         for (const char *name : {"Candlelight", "Midnight"})
-            QVERIFY(luminance(lightOf(theme(s(name)).inside)) < 0.02);
+            QVERIFY(luminance(theme(s(name)).inside) < 0.02);
         QVERIFY(m_names.contains(s("Colour-blind friendly")));
         const KWColours high = theme(s("High contrast"));
         QVERIFY(contrast(high.seatsText, high.seats) > 20);

@@ -1,3 +1,5 @@
+#include "gui/appearance/kwcontrast.h"
+#include "gui/panes/kwfindpattern.h"
 #include "gui/panes/kwguestviewfilterimpl.h"
 #include "support/gui/shownlist.h"
 #include "support/registeredtest.h"
@@ -172,6 +174,119 @@ private slots:
         QCOMPARE(shown.window.currentView, &shown.list);
     }
 
+    void aHitInTheLastOfTwoThousandRowsIsFound()
+    {
+        FindableList shown;
+        addGuests(shown.plan, 2000);
+        add(shown.plan, "Zwaan", "Hilde", "Ms", "zzz Ms Hilde Zwaan");
+        QCOMPARE(shown.list.topLevelItem(2000)->text(KWGuestListViewItem::LastName), s("Zwaan"));
+        shown.box->setText(s("waa"));
+        QCOMPARE(shown.selected(), s("zzz Ms Hilde Zwaan"));
+    }
+
+    void theCellWithTheTextBecomesTheCurrentOne()
+    {
+        FindableList shown;
+        add(shown.plan, "Grant", "Carl", "Mr", "1 Carl Grant");
+        add(shown.plan, "Baker", "Zoe", "Ms", "2 Zoe Baker");
+        QTest::keyClicks(shown.box, s("zo"));
+        QCOMPARE(shown.list.currentColumn(), int(KWGuestListViewItem::FirstName));
+        // So typing in the list goes on in that column.
+        QTest::keyClicks(&shown.list, s("car"));
+        QCOMPARE(shown.selected(), s("1 Carl Grant"));
+    }
+
+    void anExpressionThatIsValidOnlyAtTheStartIsNotRunBehindAnother()
+    {
+        FindableList shown({s("Ann"), s("Bob")});
+        QTest::failOnWarning(QRegularExpression(s("QRegularExpression")));
+        shown.box->setText(s("(*CR)b"));
+        QCOMPARE(shown.selected(), s("Bob"));
+    }
+
+    void theKeysForFindingFurtherGoRoundAllHits()
+    {
+        FindableList shown({s("Hugo A"), s("Ida"), s("Mr Hugo"), s("Ulla"), s("Xhugo")});
+        QTest::keyClicks(shown.box, s("hugo"));
+        QStringList found{shown.selected()};
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(shown.box, Qt::Key_F3);
+            found.append(shown.selected());
+        }
+        QCOMPARE(found.join(u','), s("Hugo A,Mr Hugo,Xhugo,Hugo A"));
+        found.clear();
+        // In the list, too, and from wherever the person has gone meanwhile.
+        shown.list.setCurrentItem(shown.row("Ulla"));
+        shown.window.currentView = nullptr;
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(&shown.list, Qt::Key_F3, Qt::ShiftModifier);
+            found.append(shown.selected());
+        }
+        QCOMPARE(found.join(u','), s("Mr Hugo,Hugo A,Xhugo"));
+        QCOMPARE(shown.window.currentView, &shown.list);
+    }
+
+    void withNoCurrentRowTheFirstOrTheLastHitComes()
+    {
+        FindableList shown({s("Ann"), s("Bob"), s("Anna")});
+        QVERIFY(shown.list.findNext(s("an"), false));
+        QCOMPARE(shown.selected(), s("Ann"));
+        shown.list.setCurrentItem(nullptr);
+        QVERIFY(shown.list.findNext(s("an"), true));
+        QCOMPARE(shown.selected(), s("Anna"));
+        for (const char *text : {"", "(", "zoe"}) {
+            QVERIFY(!shown.list.findNext(s(text), false));
+            QCOMPARE(shown.selected(), s("Anna"));
+        }
+    }
+
+    void aTextThatNobodyHasStandsOnRed()
+    {
+        FindableList shown({s("Ann"), s("Bob")});
+        const auto ground = [&shown] { return shown.box->palette().color(QPalette::Base); };
+        const QColor usual = ground();
+        const auto isRed = [&] { return ground().green() < usual.green() - 40; };
+        QTest::keyClicks(shown.box, s("a"));
+        QVERIFY(!isRed());
+        QTest::keyClicks(shown.box, s("x"));
+        QVERIFY(isRed());
+        QVERIFY(!shown.box->accessibleDescription().isEmpty());
+        QVERIFY(contrast(shown.box->palette().color(QPalette::Text), ground()) >= 4.5);
+        QTest::keyClick(shown.box, Qt::Key_Backspace);
+        QCOMPARE(ground(), usual);
+        shown.box->setText(s("zoe"));
+        QVERIFY(isRed());
+        // Nothing is asked for.
+        shown.box->setText(s(" "));
+        QCOMPARE(ground(), usual);
+        QVERIFY(shown.box->accessibleDescription().isEmpty());
+        // Somebody of that name has come meanwhile.
+        shown.box->setText(s("zoe"));
+        addGuest(shown.plan, {"Zoe"});
+        QTest::keyClick(shown.box, Qt::Key_F3);
+        QCOMPARE(ground(), usual);
+        QCOMPARE(shown.selected(), s("Zoe"));
+    }
+
+    void theLettersOfTheLabelSelectWhatIsInTheBox()
+    {
+        FindableList shown({s("Ann")});
+        shown.box->setText(s("ann"));
+        shown.box->deselect();
+        QKeyEvent override(QEvent::ShortcutOverride, Qt::Key_I, Qt::AltModifier);
+        override.ignore();
+        QCoreApplication::sendEvent(shown.box, &override);
+        QVERIFY(override.isAccepted());
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_I, Qt::AltModifier);
+        QCoreApplication::sendEvent(shown.box, &press);
+        QCOMPARE(shown.box->selectedText(), s("ann"));
+        // Other menus open.
+        QKeyEvent other(QEvent::ShortcutOverride, Qt::Key_F, Qt::AltModifier);
+        other.ignore();
+        QCoreApplication::sendEvent(shown.box, &other);
+        QVERIFY(!other.isAccepted());
+    }
+
     void anExpressionThatWouldTakeForeverIsGivenUp_data()
     {
         QTest::addColumn<QString>("text");
@@ -192,6 +307,18 @@ private slots:
         QFETCH(QString, text);
         shown.list.find(text);
         QCOMPARE(shown.selected(), s(""));
+    }
+
+    void afterAFewTextsThatTookTooLongNoneIsTried()
+    {
+        KWFindPattern pattern(s("(a+)+$"));
+        const QString tooLong = QString(60, u'a') + u'!';
+        QVERIFY(pattern.isIn(s("aa")));
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(!pattern.isIn(tooLong));
+        QVERIFY(pattern.isIn(s("aa")));
+        QVERIFY(!pattern.isIn(tooLong));
+        QVERIFY(!pattern.isIn(s("aa")));
     }
 };
 

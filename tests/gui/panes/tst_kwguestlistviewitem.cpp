@@ -247,11 +247,35 @@ private slots:
         const auto said = [&shown](int column) {
             return topRow(shown)->data(column, Qt::AccessibleTextRole).toString();
         };
-        QCOMPARE(said(Row::Picture), s("Female Child"));
+        QCOMPARE(said(Row::Picture), s("Ann, female child, no seat, locked, VIP, accepted"));
         QCOMPARE(said(Row::DisplayName), s("Ann"));
         QCOMPARE(said(Row::Locked) + said(Row::Vip) + said(Row::Accepted), s("LockedVIPAccepted"));
         shown.plan.setGuestVip(ann, false);
         QCOMPARE(said(Row::Vip), s(""));
+    }
+
+    void theFirstCellSaysTheRowInASentence_data()
+    {
+        QTest::addColumn<int>("gender");
+        QTest::addColumn<int>("age");
+        QTest::addColumn<QString>("sentence");
+        QTest::newRow("adult") << 0 << 0 << s("Ann, adult, T %2, seat 3");
+        QTest::newRow("man") << 1 << 0 << s("Ann, male adult, T %2, seat 3");
+        QTest::newRow("woman") << 2 << 0 << s("Ann, female adult, T %2, seat 3");
+        QTest::newRow("child") << 0 << 1 << s("Ann, child, T %2, seat 3");
+        QTest::newRow("boy") << 1 << 1 << s("Ann, male child, T %2, seat 3");
+        QTest::newRow("girl") << 2 << 1 << s("Ann, female child, T %2, seat 3");
+        QTest::newRow("unknown") << 7 << 1 << s("Ann, T %2, seat 3");
+    }
+
+    void theFirstCellSaysTheRowInASentence()
+    {
+        ShownList shown;
+        QFETCH(int, gender);
+        QFETCH(int, age);
+        KWGuest *ann = addGuest(shown.plan, {"Ann", gender, false, false, age});
+        shown.plan.assignGuest(ann, addTable(shown.plan, "T %2", KWTable::Circular, 4), 2, true);
+        QTEST(topRow(shown)->data(Row::Picture, Qt::AccessibleTextRole).toString(), "sentence");
     }
 
     void notesOfThirtyCharactersAreShownWholeAndOneMoreIsCut()

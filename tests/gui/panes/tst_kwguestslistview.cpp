@@ -1,7 +1,6 @@
 #include "support/gui/shownlist.h"
 
 #include "gui/framework/kwbusy.h"
-#include "gui/panes/kwfindpattern.h"
 #include "support/eventlog.h"
 #include "support/registeredtest.h"
 
@@ -31,6 +30,48 @@ protected:
         if (event->type() == QEvent::Paint)
             ++count;
         return false;
+    }
+};
+
+/// Another list of the same guests, of whom each stands for all whose names begin as theirs.
+class OtherList : public KWGuestsListView
+{
+public:
+    explicit OtherList(KWDocument *document)
+        : KWGuestsListView(nullptr, document,
+                           {.objectName = "other list",
+                            .context = "OtherList",
+                            .accessibleName = "Others",
+                            .toolTip = "Others pane",
+                            .whatsThis = "What others are",
+                            .firstHeader = "Other name",
+                            .firstWidth = 100})
+    {
+    }
+
+    QString guests() const
+    {
+        QStringList names;
+        for (const KWGuest *guest : selectedGuests())
+            names.append(guest->displayName());
+        return names.join(u' ');
+    }
+
+protected:
+    QList<KWGuest *> guestsOf(QTreeWidgetItem *row) const override
+    {
+        QList<KWGuest *> same;
+        for (KWGuest *guest : document()->guests()) {
+            if (guest->displayName().front() == row->text(Row::DisplayName).front())
+                same.append(guest);
+        }
+        return same;
+    }
+    void addAllRows() override
+    {
+        QTreeWidgetItem *parent = addRow(document()->guestAt(0));
+        for (int i = 1; i < document()->guestCount(); ++i)
+            addRow(document()->guestAt(i), parent);
     }
 };
 
@@ -81,12 +122,44 @@ private slots:
     {
         ShownList shown;
         QCOMPARE(shown.list.toolTip(), s("Guests pane"));
+        QCOMPARE(shown.list.accessibleName(), s("Guests"));
         QCOMPARE(shown.list.whatsThis(),
                  s("<b>Guests pane</b><br/>Displays individual guests. Click on a column to sort. "
                    "Guests can be dragged to seats or tables in the <b>Schematic</b> or <b>Floor "
                    "Plan</b> planes to assign them. "));
         QCOMPARE(shown.list.selectionMode(), QAbstractItemView::ExtendedSelection);
         QVERIFY(shown.list.header()->isSortIndicatorShown());
+    }
+
+    void aListBuiltOnItHasTextsAndRowsOfItsOwn()
+    {
+        KWDocument plan;
+        for (const char *name : {"Ann", "Anton", "Bob"})
+            addGuest(plan, {name});
+        OtherList list(&plan);
+        list.resize(900, 300);
+        list.setNeedsRefresh(true);
+        list.show();
+        QCOMPARE(list.objectName(), s("other list"));
+        QCOMPARE(list.accessibleName(), s("Others"));
+        QCOMPARE(list.toolTip(), s("Others pane"));
+        QCOMPARE(list.whatsThis(), s("What others are"));
+        QCOMPARE(list.headerItem()->text(0), s("Other name"));
+        QCOMPARE(list.columnWidth(0), 100);
+        list.setColumnShown(0, false);
+        list.setColumnShown(0, true);
+        QCOMPARE(list.columnWidth(0), 100);
+        QCOMPARE(list.topLevelItemCount(), 1);
+        QCOMPARE(list.topLevelItem(0)->childCount(), 2);
+        QVERIFY(list.itemOfGuest(plan.guestAt(2))->isRenameEnabled(Row::Meal));
+        // Whoever is selected by two rows counts once.
+        list.expandAll();
+        list.selectAll();
+        QCOMPARE(list.guests(), s("Ann Anton Bob"));
+        QVERIFY(list.findNext(s("bob"), false));
+        QCOMPARE(list.guests(), s("Bob"));
+        QVERIFY(list.find(s("anton")));
+        QCOMPARE(list.firstSelectedGuest(), plan.guestAt(1));
     }
 
     void aRowComesAndGoesWithItsGuest()
@@ -222,8 +295,12 @@ private slots:
         EventLog log(shown.plan);
         // The undo point is there before the plan says that anything changed.
         QStringList labelsAtEvents;
-        connect(&shown.plan, &KWDocument::eventEditGuest, this,
-                [&] { labelsAtEvents.append(shown.window.undoLabels.value(0)); });
+        Qt::CursorShape cursor = Qt::ArrowCursor;
+        connect(&shown.plan, &KWDocument::eventEditGuest, this, [&] {
+            labelsAtEvents.append(shown.window.undoLabels.value(0));
+            if (const QCursor *busy = QApplication::overrideCursor())
+                cursor = busy->shape();
+        });
         const auto mark = [&shown, column] {
             const KWGuest *guest = shown.guest("A");
             return column == Row::Locked ? guest->isLocked()
@@ -237,6 +314,7 @@ private slots:
         QFETCH(QStringList, labels);
         QCOMPARE(shown.window.undoLabels, labels);
         QCOMPARE(labelsAtEvents, (QStringList{labels[0], labels[0]}));
+        QCOMPARE(cursor, Qt::WaitCursor);
         QVERIFY(!QApplication::overrideCursor());
     }
 
@@ -355,6 +433,50 @@ private slots:
         QVERIFY(guest->isLocked() && guest->isVip() && guest->isAccepted());
         QVERIFY(guest->gender() == KWGuest::Female && guest->age() == KWGuest::Child);
         QCOMPARE(shown.window.undoLabels, QStringList());
+    }
+
+    void aNameThatNoLongerStandsInTheDisplayNameIsToldOf_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("told");
+        QTest::newRow("last name") << int(Row::LastName) << s("Dvořák") << true;
+        QTest::newRow("first name") << int(Row::FirstName) << s("Jana") << true;
+        QTest::newRow("title") << int(Row::Title) << s("Dr") << true;
+        QTest::newRow("no title") << int(Row::Title) << s("") << true;
+        QTest::newRow("one that stands there") << int(Row::LastName) << s("Dvoák") << false;
+        QTest::newRow("display name") << int(Row::DisplayName) << s("Jan") << false;
+        QTest::newRow("meal") << int(Row::Meal) << s("fish") << false;
+    }
+
+    void aNameThatNoLongerStandsInTheDisplayNameIsToldOf()
+    {
+        ShownList shown;
+        shown.plan.addGuest({.display_name = s("Master Jan Dvoák"),
+                             .title = s("Master"),
+                             .first_name = s("Jan"),
+                             .last_name = s("Dvak")},
+                            nullptr);
+        QFETCH(int, column);
+        QFETCH(QString, text);
+        QFETCH(bool, told);
+        QTreeWidgetItem *row = shown.list.topLevelItem(0);
+        row->setText(column, text);
+        shown.list.renameInPlace(row, column, text);
+        QCOMPARE(shown.window.statusMessages,
+                 told ? QStringList{s("The display name is still 'Master Jan Dvoák'")}
+                      : QStringList());
+    }
+
+    void aRowOfAGuestWhoIsNoMoreIsNotRenamed()
+    {
+        ShownList shown({s("A")});
+        QTreeWidgetItem *row = shown.row("A");
+        const KWDocument copy(shown.plan);
+        shown.plan = copy;
+        EventLog log(shown.plan);
+        shown.list.renameInPlace(row, Row::DisplayName, s("B"));
+        QCOMPARE(log.take(), QStringList());
     }
 
     void aRowThatMovesByItsNewNameStaysInSight()

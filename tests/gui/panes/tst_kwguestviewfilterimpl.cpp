@@ -175,6 +175,18 @@ private slots:
         QVERIFY(shown.box(name)->isChecked());
     }
 
+    void aColumnThatIsDraggedLeavesTheHiddenLastOneHidden()
+    {
+        FilteredList shown;
+        shown.filter.readSettings({.guests_show_notes = false});
+        shown.list.resize(1500, 300);
+        QCoreApplication::processEvents();
+        shown.list.header()->resizeSection(Row::Title, 90);
+        QCOMPARE(shown.list.columnWidth(Row::Notes), 0);
+        QVERIFY(!shown.box(s("m_notesCheckBox"))->isChecked());
+        QVERIFY(shown.box(s("m_titleCheckBox"))->isChecked());
+    }
+
     void theFirstColumnHasNoBox()
     {
         FilteredList shown;
@@ -233,7 +245,8 @@ private slots:
 
     void fromTheFindBoxTheseKeysLeadIntoTheList()
     {
-        KWDocument plan;
+        FakeMainWindow window;
+        KWDocument &plan = *window.document();
         KWViewAndFilter<KWGuestsListView, KWGuestViewFilterImpl> pair(nullptr, &plan, false);
         pair.show();
         addGuest(plan, {"Ann"});
@@ -241,9 +254,11 @@ private slots:
         auto *box = child<QLineEdit>(pair, "m_findLineEdit");
         box->setFocus();
         QTest::keyClicks(box, s("an"));
+        window.currentView = nullptr;
         QFETCH(int, key);
         QTest::keyClick(box, static_cast<Qt::Key>(key));
         QVERIFY(pair.view()->hasFocus());
+        QCOMPARE(window.currentView, pair.view());
         QCOMPARE(pair.view()->firstSelectedGuest(), plan.guestAt(0));
     }
 

@@ -1,8 +1,12 @@
 #include "support/gui/shownlist.h"
 #include "support/registeredtest.h"
 
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QToolTip>
 
 using Row = KWGuestListViewItem;
 
@@ -23,34 +27,6 @@ QString stripes(ShownList &shown)
     return all;
 }
 
-/// The editor that is open, or null.
-QLineEdit *editor(const ShownList &shown)
-{
-    return shown.list.viewport()->findChild<QLineEdit *>();
-}
-
-/// Opens the editor of a cell and types into it.
-QLineEdit *typeInto(ShownList &shown, const char *name, int column, const char *text)
-{
-    shown.list.setCurrentItem(shown.row(name), column);
-    QTest::keyClick(&shown.list, Qt::Key_F2);
-    QLineEdit *edit = editor(shown);
-    if (edit) {
-        edit->selectAll();
-        QTest::keyClicks(edit, s(text));
-    }
-    return edit;
-}
-
-/// Whether none has opened when the time is over in which a second click would have opened one.
-bool noEditorOpens(const ShownList &shown)
-{
-    bool over = false;
-    QTimer::singleShot(QApplication::doubleClickInterval() + 50, Qt::PreciseTimer,
-                       [&over] { over = true; });
-    return QTest::qWaitFor([&over] { return over; }) && !editor(shown);
-}
-
 /// The entries of the menu that comes up while `act` runs; empty if none does.
 QStringList menuThatOpens(const std::function<void()> &act)
 {
@@ -66,6 +42,58 @@ QStringList menuThatOpens(const std::function<void()> &act)
     look.start(0);
     act();
     return entries;
+}
+
+/// What stands on the screen, with whatever was not painted anew.
+QImage onScreen(const ShownList &shown)
+{
+    QCoreApplication::processEvents();
+    return shown.list.screen()
+        ->grabWindow(shown.list.winId())
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+/// The same with all of it painted anew.
+QImage repainted(ShownList &shown)
+{
+    shown.list.viewport()->repaint();
+    return onScreen(shown);
+}
+
+/// The tip that comes up over a cell.
+QString tipOver(ShownList &shown, const char *name, int column)
+{
+    const QPoint place = shown.middleOf(name, column);
+    QHelpEvent help(QEvent::ToolTip, place, shown.list.viewport()->mapToGlobal(place));
+    QToolTip::hideText();
+    QCoreApplication::sendEvent(shown.list.viewport(), &help);
+    return QToolTip::text();
+}
+
+/// Takes whatever is dragged there.
+class TakingList : public KWGuestsListView
+{
+public:
+    TakingList(QWidget *parent, KWDocument *document)
+        : KWGuestsListView(parent, document)
+    {
+        viewport()->setAcceptDrops(true);
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override { event->acceptProposedAction(); }
+};
+
+/// Selects a row in two ranges of columns, as a row can be after it was sorted anew.
+void selectInTwoRanges(ShownList &shown, const char *name)
+{
+    const int row = shown.list.indexOfTopLevelItem(shown.row(name));
+    const auto cell = [&shown, row](int column) { return shown.list.model()->index(row, column); };
+    QItemSelection ranges;
+    ranges.append(QItemSelectionRange(cell(0), cell(1)));
+    ranges.append(QItemSelectionRange(cell(2), cell(Row::Notes)));
+    shown.list.selectionModel()->select(ranges, QItemSelectionModel::Select);
 }
 
 /// Dark as desktops have it: light text on a dark ground.
@@ -91,8 +119,6 @@ class TestKWListView : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QApplication::setDoubleClickInterval(50); }
-
     void theListIsSetUpAsListsAre()
     {
         ShownList shown;
@@ -311,33 +337,146 @@ private slots:
         QCOMPARE(shown.window.edited, QStringList{s("guest D")});
     }
 
-    void aDoubleClickOpensTheDialog()
-    {
-        ShownList shown({s("A")});
-        shown.click("A");
-        QTest::mouseDClick(shown.list.viewport(), Qt::LeftButton, {},
-                           shown.middleOf("A", Row::DisplayName));
-        QCOMPARE(shown.window.edited, QStringList{s("guest A")});
-        // Nor does an editor open behind it, as it would with a slow second click.
-        QVERIFY(noEditorOpens(shown));
-    }
-
-    void aSecondClickAfterAWhileOpensTheEditor()
+    void aRowThatIsSelectedInTwoRangesCountsOnce()
     {
         ShownList shown({s("A"), s("B")});
-        shown.click("A");
-        shown.click("A");
-        QTRY_VERIFY(editor(shown));
-        QCOMPARE(editor(shown)->text(), s("A"));
+        selectInTwoRanges(shown, "A");
+        QCOMPARE(shown.list.selectionModel()->selection().size(), 2);
+        QCOMPARE(shown.selected(), s("A"));
+        QCOMPARE(shown.list.numSelected(), 1);
+        QVERIFY(shown.list.canEditProperties());
+        QVERIFY(!shown.list.canSetAffinity());
+        shown.window.userSettings()->setValue(u"warning/delete_guest", false);
+        shown.list.deleteSelection();
+        QCOMPARE(shown.names(), s("B"));
     }
 
-    void aClickIntoSeveralSelectedRowsLeavesTheOneAndOpensNoEditor()
+    void theSelectedRowsFollowTheOrderOfTheRows()
     {
         ShownList shown({s("A"), s("B"), s("C")});
-        shown.list.selectAll();
-        shown.click("B");
-        QCOMPARE(shown.selected(), s("B"));
-        QVERIFY(noEditorOpens(shown));
+        shown.list.sortByColumn(Row::DisplayName, Qt::AscendingOrder);
+        shown.select({"A", "C"});
+        QCOMPARE(shown.selected(), s("A C"));
+        shown.list.sortByColumn(Row::DisplayName, Qt::DescendingOrder);
+        QCOMPARE(shown.selected(), s("C A"));
+        shown.plan.deleteGuest(shown.guest("C"), false);
+        QCOMPARE(shown.selected(), s("A"));
+        shown.plan.clear();
+        QCOMPARE(shown.selected(), s(""));
+    }
+
+    void aChangeOfSeatPaintsTheWholeRowAnew()
+    {
+        ShownList shown({s("A"), s("B")});
+        // Out of sight, so that nothing of the cell itself is painted.
+        shown.list.resize(250, 200);
+        QVERIFY(QTest::qWaitForWindowExposed(&shown.list));
+        KWTable *table = addTable(shown.plan, "T", KWTable::Circular, 4);
+        const QImage standing = repainted(shown);
+        shown.plan.assignGuest(shown.guest("A"), table, 0, true);
+        const QImage seated = onScreen(shown);
+        QVERIFY(seated != standing);
+        QCOMPARE(seated, repainted(shown));
+        shown.plan.unassignGuest(shown.guest("A"), true);
+        QCOMPARE(onScreen(shown), standing);
+    }
+
+    void whoHasNoSeatIsPaintedInBold()
+    {
+        ShownList shown({s("A"), s("B")});
+        shown.plan.editGuest(shown.guest("B"), {.display_name = s("A")});
+        const auto ink = [&shown](int row) {
+            const QRect place =
+                shown.list.visualRect(shown.list.model()->index(row, Row::DisplayName));
+            const QImage cell = shown.list.viewport()->grab(place).toImage();
+            int dark = 0;
+            for (int y = 0; y < cell.height(); ++y) {
+                for (int x = 0; x < cell.width(); ++x)
+                    dark += cell.pixelColor(x, y).lightness() < 128 ? 1 : 0;
+            }
+            return dark;
+        };
+        const int bold = ink(0);
+        shown.plan.assignGuest(static_cast<Row *>(shown.list.topLevelItem(0))->guest(),
+                               addTable(shown.plan, "T", KWTable::Circular, 4), 0, true);
+        QVERIFY(ink(0) > 0);
+        QVERIFY(ink(0) < bold);
+    }
+
+    void theFocusMakesTheListTheActiveViewHoweverItComes()
+    {
+        ShownList shown({s("A")});
+        QLineEdit other(&shown.list);
+        other.show();
+        QVERIFY(QTest::qWaitForWindowActive(&shown.list));
+        other.setFocus();
+        shown.window.currentView = nullptr;
+        shown.list.setFocus();
+        QCOMPARE(shown.window.currentView, &shown.list);
+    }
+
+    void aCellThatCannotShowAllItsTextTellsItAsATip()
+    {
+        ShownList shown({s("A"), s("<b>Mr & Mrs Hugo</b> Andersson of Stockholm")});
+        QCOMPARE(tipOver(shown, "A", Row::DisplayName), s("Guests pane"));
+        QCOMPARE(tipOver(shown, "<b>Mr & Mrs Hugo</b> Andersson of Stockholm", Row::DisplayName),
+                 s("<span>&lt;b&gt;Mr &amp; Mrs Hugo&lt;/b&gt; Andersson of Stockholm</span>"));
+        QCOMPARE(tipOver(shown, "A", Row::Locked), s("Guests pane"));
+    }
+
+    void theTipGoesByTheFontThatTheRowIsPaintedIn()
+    {
+        ShownList shown({s("Maximilian Mmmm")});
+        const char *name = "Maximilian Mmmm";
+        // Just wide enough for the plain font, in which seated guests stand.
+        QFont bold = shown.list.font();
+        bold.setBold(true);
+        const int plainWidth = QFontMetrics(shown.list.font()).horizontalAdvance(s(name));
+        const int boldWidth = QFontMetrics(bold).horizontalAdvance(s(name));
+        QVERIFY(boldWidth > plainWidth);
+        KWTable *table = addTable(shown.plan, "T", KWTable::Circular, 4);
+        shown.list.setColumnWidth(Row::DisplayName, shown.list.columnWidth(Row::Locked));
+        QStyleOptionViewItem option;
+        option.font = shown.list.font();
+        option.fontMetrics = QFontMetrics(option.font);
+        const QModelIndex cell = shown.list.model()->index(0, Row::DisplayName);
+        shown.list.setColumnWidth(Row::DisplayName,
+                                  shown.list.itemDelegate()->sizeHint(option, cell).width());
+        QVERIFY(tipOver(shown, name, Row::DisplayName).contains(s(name)));
+        shown.plan.assignGuest(shown.guest(name), table, 0, true);
+        QCOMPARE(tipOver(shown, name, Row::DisplayName), s("Guests pane"));
+    }
+
+    void notesThatWereShortenedAreToldInFull()
+    {
+        ShownList shown;
+        const QString notes = s("a long text about Ann, longer than a cell");
+        shown.plan.addGuest({.display_name = s("A"), .notes = notes}, nullptr);
+        shown.list.resize(1500, 300);
+        QCoreApplication::processEvents();
+        QVERIFY(tipOver(shown, "A", Row::Notes).contains(notes));
+        shown.plan.editGuest(shown.guest("A"),
+                             {.display_name = s("A"), .notes = QString(5000, u'x')});
+        QVERIFY(tipOver(shown, "A", Row::Notes).size() < 1100);
+    }
+
+    void aDragNearTheEdgeScrollsAListThatTakesDrops()
+    {
+        KWDocument plan;
+        TakingList list(nullptr, &plan);
+        list.resize(300, 200);
+        list.show();
+        addGuests(plan, 100);
+        QWidget *viewport = list.viewport();
+        const QMimeData data;
+        const QPoint edge(50, viewport->height() - 3);
+        QDragEnterEvent enter(edge, Qt::MoveAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &enter);
+        QDragMoveEvent move(edge, Qt::MoveAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &move);
+        QTRY_VERIFY(list.verticalScrollBar()->value() > 0);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(viewport, &leave);
     }
 
     void allRowsAreOfOneHeightWhateverIsInThem()
@@ -352,91 +491,6 @@ private slots:
         shown.plan.setGuestVip(shown.guest("A"), true);
         shown.plan.announceRefresh();
         QCOMPARE(height(), before);
-    }
-
-    void aClickElsewhereMeanwhileOpensNone()
-    {
-        ShownList shown({s("A"), s("B")});
-        shown.click("A");
-        shown.click("A");
-        shown.click("B");
-        QVERIFY(noEditorOpens(shown));
-    }
-
-    void returnKeepsAnEdit()
-    {
-        ShownList shown({s("A")});
-        const QSignalSpy renamed(&shown.list, &KWListView::itemRenamed);
-        QLineEdit *edit = typeInto(shown, "A", Row::Meal, "fish");
-        QVERIFY(edit);
-        QTest::keyClick(edit, Qt::Key_Return);
-        QTRY_COMPARE(renamed.size(), 1);
-        QCOMPARE(renamed[0][0].value<QTreeWidgetItem *>(), shown.row("A"));
-        QCOMPARE(renamed[0][1].toInt(), int(Row::Meal));
-        QCOMPARE(renamed[0][2].toString(), s("fish"));
-        QCOMPARE(shown.row("A")->text(Row::Meal), s("fish"));
-    }
-
-    void escapeDropsAnEdit()
-    {
-        ShownList shown({s("A")});
-        QLineEdit *edit = typeInto(shown, "A", Row::Meal, "fish");
-        QVERIFY(edit);
-        QTest::keyClick(edit, Qt::Key_Escape);
-        QTRY_VERIFY(!editor(shown));
-        QCOMPARE(shown.guest("A")->meal(), QString());
-        QCOMPARE(shown.row("A")->text(Row::Meal), QString());
-    }
-
-    void anEditThatLosesTheFocusIsDropped()
-    {
-        ShownList shown({s("A"), s("B")});
-        QVERIFY(QTest::qWaitForWindowActive(&shown.list));
-        QVERIFY(typeInto(shown, "A", Row::Meal, "fish"));
-        shown.click("B");
-        QTRY_VERIFY(!editor(shown));
-        QCOMPARE(shown.row("A")->text(Row::Meal), QString());
-        QCOMPARE(shown.guest("A")->meal(), QString());
-    }
-
-    void theTabKeyLeavesTheEditorAndDropsTheEdit()
-    {
-        ShownList shown({s("A"), s("B")});
-        QLineEdit *edit = typeInto(shown, "A", Row::Meal, "fish");
-        QVERIFY(edit);
-        QTest::keyClick(edit, Qt::Key_Tab);
-        QTRY_VERIFY(!editor(shown));
-        QCOMPARE(shown.guest("A")->meal(), QString());
-    }
-
-    void theMenuOfTheEditorDoesNotDropTheEdit()
-    {
-        ShownList shown({s("A")});
-        QVERIFY(QTest::qWaitForWindowActive(&shown.list));
-        QLineEdit *edit = typeInto(shown, "A", Row::Meal, "fish");
-        QVERIFY(edit);
-        QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
-        QCoreApplication::sendEvent(edit, &out);
-        QCoreApplication::processEvents();
-        QCOMPARE(editor(shown), edit);
-    }
-
-    void theEditKeyTakesTheFirstCellThatCanBeEditedAndSeen()
-    {
-        ShownList shown({s("A")});
-        shown.plan.editGuest(shown.guest("A"), {.display_name = s("A"), .title = s("Dr")});
-        shown.list.setCurrentItem(shown.row("A"), Row::Locked);
-        QTest::keyClick(&shown.list, Qt::Key_F2);
-        QVERIFY(editor(shown));
-        QCOMPARE(editor(shown)->text(), s("A"));
-        QTest::keyClick(editor(shown), Qt::Key_Escape);
-        QTRY_VERIFY(!editor(shown));
-
-        shown.list.setColumnShown(Row::DisplayName, false);
-        shown.list.setCurrentItem(shown.row("A"), Row::Locked);
-        QTest::keyClick(&shown.list, Qt::Key_F2);
-        QVERIFY(editor(shown));
-        QCOMPARE(editor(shown)->text(), s("Dr"));
     }
 
     void theLastColumnFillsTheListAndKeepsItsWidthWhereThereIsNoRoom()
