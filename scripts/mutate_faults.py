@@ -58,20 +58,22 @@ class Source:
                        for match in TOKEN.finditer(text)]
         self.tokens = [token for token in self.tokens
                        if token.kind not in ("comment", "directive")]
-        self.partner = self._partners()
+        self.partner, self.around = self._partners()
         self.unseen = self._unseen()
         self.faults = []
 
     def _partners(self):
-        partner, stack = {}, []
+        """Which bracket closes which, and which opening one each token is in."""
+        partner, around, stack = {}, {}, []
         for i, token in enumerate(self.tokens):
+            around[i] = self.tokens[stack[-1]].text if stack else ""
             if token.kind != "operator":
                 continue
             if token.text in OPENING:
                 stack.append(i)
             elif token.text in CLOSING and stack:
                 partner[stack.pop()] = i
-        return partner
+        return partner, around
 
     def _unseen(self):
         hidden = set()
@@ -141,6 +143,8 @@ class Source:
             starts = self.word(i - 1) in ("{", "}", ";", "else", "") or (
                 self.word(i - 1) == ")" and self.word(i - 2) != "(" and self._closes_head(i - 1))
             if not starts or token.kind != "word" or token.text in NO_CALLS:
+                continue
+            if self.around[i] == "(":  # the head of a loop
                 continue
             k = i
             while k < len(self.tokens) and self.word(k) not in (";", "{", "}", "?"):

@@ -24,6 +24,8 @@ private slots:
                           "    qWarning(\"4 > %d\", 5);\n"
                           "    setText(tr(\"1 == 2 and 3\"));\n"
                           "    QList<int> turned;\n"
+                          "    for (auto bolt = first(); bolt; bolt = next())\n"
+                          "        move(bolt);\n"
                           "}\n"
                           "bool Door::isOpen() const\n"
                           "{\n"
@@ -44,10 +46,11 @@ private slots:
                                 "7: assignment left out: m_isOpen = true;\n"
                                 "7: constant: m_isOpen= true -> false\n"
                                 "9: call left out: setText(tr(\"1 == 2 and 3\"));\n"
-                                "14: return value: m_isOpen == true negated\n"
-                                "14: operator: m_isOpen == true -> !=\n"
-                                "14: constant: m_isOpen== true -> false\n"
-                                "18: return value: m_name -> {}\n"));
+                                "12: call left out: move(bolt);\n"
+                                "16: return value: m_isOpen == true negated\n"
+                                "16: operator: m_isOpen == true -> !=\n"
+                                "16: constant: m_isOpen== true -> false\n"
+                                "20: return value: m_name -> {}\n"));
     }
 
 private:

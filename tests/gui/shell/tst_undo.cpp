@@ -7,6 +7,8 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QApplication>
+
 namespace {
 
 /// The plan's file as it would be saved: equal texts are equal plans.
