@@ -82,7 +82,9 @@ QList<QWidget *> RandomUser::usableParts(const QWidget &window)
 {
     QList<QWidget *> parts;
     for (QWidget *widget : window.findChildren<QWidget *>()) {
+        // The button in a line edit comes and goes little by little.
         const bool inner = qobject_cast<QAbstractSpinBox *>(widget->parentWidget()) ||
+                           qobject_cast<QLineEdit *>(widget->parentWidget()) ||
                            qobject_cast<QComboBox *>(widget->parentWidget());
         const bool known = qobject_cast<QAbstractButton *>(widget) ||
                            qobject_cast<QLineEdit *>(widget) || qobject_cast<QTextEdit *>(widget) ||
