@@ -69,10 +69,11 @@ function(ambrelune_ship library folder)
 endfunction()
 
 # ambrelune_tests(FOLDER [GUI]): one Qt Test program of all the sources in a folder. Every tst_*.cpp
-# in it is a test of that name, which ctest runs by itself and without a display.
+# in it is a test of that name, which ctest runs by itself and without a display; other sources are
+# what its tests share.
 function(ambrelune_tests folder)
   cmake_parse_arguments(ARG "GUI" "" "" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.h ${folder}/tst_*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.h ${folder}/*.cpp)
   string(REPLACE "/" "_" program ${folder}_tests)
   if(ARG_GUI)
     add_executable(${program} ${sources} support/gui/guimain.cpp)
@@ -83,7 +84,7 @@ function(ambrelune_tests folder)
   endif()
   target_link_libraries(${program} PRIVATE ${support} ambrelune_options)
   target_precompile_headers(${program} REUSE_FROM ${support})
-  list(FILTER sources INCLUDE REGEX "[.]cpp$")
+  list(FILTER sources INCLUDE REGEX "/tst_[^/]*[.]cpp$")
   foreach(source IN LISTS sources)
     cmake_path(GET source STEM name)
     add_test(NAME ${name} COMMAND ${program} ${name})

@@ -25,7 +25,7 @@ install_missing() {
 build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libexpat1-dev libmspack-dev
   libx11-dev fp-utils mold)
 test_packages=("${build_packages[@]}" clang-format xvfb xclip openbox xdotool
-  poppler-utils x11-utils)
+  poppler-utils python3 x11-utils)
 
 # build_preset PRESET: configures and builds it. Shows the build's output only if it fails.
 build_preset() {

@@ -13,7 +13,7 @@ struct Rank
         , score(document.totalScore())
     {
     }
-    auto operator<=>(const Rank &) const = default;
+    auto operator<=>(const Rank &) const = default; // NOLINT(modernize-use-nullptr): there is none
 
     int seated;
     int score;

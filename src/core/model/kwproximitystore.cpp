@@ -80,7 +80,7 @@ std::span<const KWProximityStore::Wish> KWProximityStore::wishesOf(int id) const
     const Index &flat = index();
     if (id < 0 || static_cast<std::size_t>(id) + 1 >= flat.rowStart.size())
         return {};
-    const std::size_t row = static_cast<std::size_t>(id);
+    const auto row = static_cast<std::size_t>(id);
     return {flat.wishes.data() + flat.rowStart[row], flat.rowStart[row + 1] - flat.rowStart[row]};
 }
 

@@ -36,7 +36,8 @@ void KWColourPreview::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), m_colours.outside);
-    painter.translate(tableRadius / 4, tableRadius / 4);
+    const int inset = tableRadius / 4;
+    painter.translate(inset, inset);
     painter.fillRect(-tableRadius, -tableRadius, room + tableRadius, room + tableRadius,
                      m_colours.inside);
     painter.setFont(scaledFont(seatRadius));

@@ -120,7 +120,8 @@ const QPixmap &KWPixmaps::guest(int gender, int age) const
     if (gender < KWGuest::Undefined || gender > KWGuest::Female || age < KWGuest::Adult ||
         age > KWGuest::Child)
         return m_none;
-    return at(static_cast<std::size_t>(gender * 2 + age));
+    const int index = gender * 2 + age;
+    return at(static_cast<std::size_t>(index));
 }
 
 const QPixmap &KWPixmaps::ofShape(Picture circular, int shape) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QShortcut>
+#include <QWidget>
 
 /// A key of the widget's window that stands in no menu; dialogs bind "F1" to their help() with it.
 template <typename Receiver, typename Slot>

@@ -3,6 +3,8 @@
 #include "support/eventlog.h"
 #include "support/testplan.h"
 
+#include <QtTest>
+
 #include <initializer_list>
 
 inline QStringList steps(std::initializer_list<const char *> texts)

@@ -5,6 +5,8 @@
 #include "support/registeredtest.h"
 #include "support/sourcepath.h"
 
+#include <QPainter>
+
 // The themes that ship with the program: whether they can be read, in both meanings of the word.
 
 namespace {

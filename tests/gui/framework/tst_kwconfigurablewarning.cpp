@@ -8,6 +8,12 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+
 namespace {
 using Dialog = KWConfigurableWarningDlgImpl;
 

@@ -3,6 +3,7 @@
 #include "support/sourcepath.h"
 
 #include <QRegularExpression>
+#include <QTextDocument>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

@@ -5,6 +5,7 @@
 #include "support/testplan.h"
 
 #include <QBuffer>
+#include <QTextBrowser>
 
 namespace {
 

@@ -8,7 +8,18 @@
 #include "support/registeredtest.h"
 #include "support/sourcepath.h"
 
+#include <QApplication>
 #include <QDesktopServices>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QTreeWidget>
+#include <QTreeWidgetItem>
+#include <QWidget>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 

@@ -5,6 +5,10 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QApplication>
+#include <QDialog>
+#include <QWidget>
+
 namespace {
 
 /// Answers with the last button and notes what was there while it was asked.

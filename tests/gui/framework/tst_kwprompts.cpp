@@ -6,8 +6,17 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
+#include <QWidget>
 
 namespace {
 

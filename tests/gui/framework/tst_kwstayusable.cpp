@@ -3,6 +3,11 @@
 #include "support/gui/guitest.h"
 #include "support/registeredtest.h"
 
+#include <QDialog>
+#include <QPushButton>
+#include <QWidget>
+#include <QWindow>
+
 using namespace Qt::StringLiterals;
 
 // A window that stays usable while modal dialogs are up. Clicks go through the window system's

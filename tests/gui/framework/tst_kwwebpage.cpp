@@ -5,6 +5,11 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QApplication>
+#include <QDesktopServices>
+#include <QLabel>
+#include <QMouseEvent>
+
 namespace {
 
 /// Takes the addresses of a scheme in the desktop's place for as long as it lives.

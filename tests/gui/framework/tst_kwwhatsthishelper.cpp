@@ -3,7 +3,11 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
+#include <QWidget>
 
 namespace {
 

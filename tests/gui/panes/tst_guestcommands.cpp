@@ -3,7 +3,10 @@
 #include "support/gui/shownlist.h"
 #include "support/registeredtest.h"
 
+#include <QDialog>
+#include <QLabel>
 #include <QPushButton>
+#include <QTreeWidgetItem>
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include "support/registeredtest.h"
 
 #include <QLineEdit>
+#include <QScrollBar>
 
 namespace {
 

@@ -4,6 +4,13 @@
 #include "support/eventlog.h"
 #include "support/registeredtest.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTreeWidgetItem>
+#include <QTreeWidgetItemIterator>
+#include <QWidget>
+
 using Row = KWGuestListViewItem;
 
 namespace {

@@ -11,6 +11,7 @@
 
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QSpinBox>
 
 // The main window as dialogs for tables use it.
 

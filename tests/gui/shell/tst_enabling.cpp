@@ -8,6 +8,7 @@
 #include "support/testplan.h"
 
 #include <QActionGroup>
+#include <QMenu>
 
 Q_DECLARE_METATYPE(FakeView::Answers)
 

@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QSpinBox>
+#include <QStatusBar>
 
 // Copies of plan files: backups, and the timer that makes them.
 

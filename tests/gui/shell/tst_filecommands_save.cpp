@@ -4,6 +4,8 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QStatusBar>
+
 #include <unistd.h>
 
 // Save, save as, and the backup that a save makes.

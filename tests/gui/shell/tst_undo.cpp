@@ -9,6 +9,8 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QApplication>
+
 #include <stdexcept>
 
 namespace {
