@@ -205,7 +205,7 @@ private slots:
         QCOMPARE(CircleFinder(folders).find(), QStringList());
         auto units = sources.units();
         // Still to be parted.
-        for (const char *unit : {"gui/floorplan/kwfloorplanitem", "gui/panes/kwlistview"})
+        for (const char *unit : {"gui/panes/kwlistview"})
             units.remove(QString::fromUtf8(unit));
         QCOMPARE(CircleFinder(units).find(), QStringList());
     }
