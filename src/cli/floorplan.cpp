@@ -23,29 +23,28 @@ QStringList nameWords()
             QStringLiteral("title-initial-last"), QStringLiteral("number")};
 }
 
-/// In the order of KWCanvas::SeatDisplay.
+/// In the order of KWFloorPlanLook::SeatDisplay.
 QStringList seatWords()
 {
     return {QStringLiteral("circle+name"), QStringLiteral("circle"), QStringLiteral("name"),
             QStringLiteral("none")};
 }
 
-/// What may be marked at a seat: its word, and where the plan keeps it and the canvas takes it.
+/// What may be marked at a seat.
 struct Mark
 {
     QString word;
-    bool KWViewSettings::*stored;
-    void (KWCanvas::*show)(bool);
+    bool KWFloorPlanLook::Seats::*shown;
 };
 
 QList<Mark> marks()
 {
-    return {
-        {QStringLiteral("gender"), &KWViewSettings::floor_plan_show_gender, &KWCanvas::showGender},
-        {QStringLiteral("age"), &KWViewSettings::floor_plan_show_age, &KWCanvas::showAge},
-        {QStringLiteral("vip"), &KWViewSettings::floor_plan_show_vip, &KWCanvas::showVIP},
-        {QStringLiteral("groups"), &KWViewSettings::floor_plan_show_groups, &KWCanvas::showGroups},
-        {QStringLiteral("locked"), &KWViewSettings::floor_plan_show_locked, &KWCanvas::showLocked}};
+    using Seats = KWFloorPlanLook::Seats;
+    return {{QStringLiteral("gender"), &Seats::gender},
+            {QStringLiteral("age"), &Seats::age},
+            {QStringLiteral("vip"), &Seats::vip},
+            {QStringLiteral("groups"), &Seats::groups},
+            {QStringLiteral("locked"), &Seats::locked}};
 }
 
 QStringList markWords()
@@ -133,22 +132,19 @@ std::optional<Wanted> wantedBy(const CommandLine &line)
     return ok ? std::optional(wanted) : std::nullopt;
 }
 
-/// A number of a plan file as a choice of some, the first if it is none.
-int choiceOf(int stored, const QStringList &choices)
+/// What is wanted, and where nothing is said, what was saved with the plan.
+KWFloorPlanLook lookOf(const Wanted &wanted, const KWViewSettings &stored)
 {
-    return stored >= 0 && stored < choices.size() ? stored : 0;
-}
-
-void setUp(KWCanvas &canvas, const Wanted &wanted, const KWViewSettings &stored)
-{
-    canvas.setNameOrder(
-        wanted.nameOrder.value_or(choiceOf(stored.floor_plan_name_order, nameWords())));
-    canvas.displaySeats(static_cast<KWCanvas::SeatDisplay>(
-        wanted.seats.value_or(choiceOf(stored.floor_plan_show_seats, seatWords()))));
-    for (const Mark &mark : marks()) {
-        const bool on = wanted.marks ? wanted.marks->contains(mark.word) : stored.*mark.stored;
-        (canvas.*mark.show)(on);
+    KWFloorPlanLook look = KWFloorPlanLook::of(stored);
+    if (wanted.nameOrder)
+        look.nameOrder = *wanted.nameOrder;
+    if (wanted.seats)
+        look.seats.display = KWFloorPlanLook::seatDisplayOf(*wanted.seats);
+    if (wanted.marks) {
+        for (const Mark &mark : marks())
+            look.seats.*mark.shown = wanted.marks->contains(mark.word);
     }
+    return look;
 }
 
 /// What other programs show as the title of the picture.
@@ -178,7 +174,7 @@ int floorplanCommand(const QStringList &arguments)
         return status;
 
     KWCanvas canvas(&document);
-    setUp(canvas, *wanted, views);
+    canvas.setLook(lookOf(*wanted, views));
     if (line.isSet(QStringLiteral("conflicts")))
         canvas.showConflicts();
     const QRectF bounds = FloorPlanPicture::bounds(canvas);

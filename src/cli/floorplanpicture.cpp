@@ -100,7 +100,7 @@ QSize FloorPlanPicture::defaultSize(const QRectF &bounds)
 {
     constexpr double most = 4000;
     const double scale = std::min(1.0, most / std::max(bounds.width(), bounds.height()));
-    return sizeForWidth(bounds, rounded(bounds.width() * scale));
+    return {rounded(bounds.width() * scale), rounded(bounds.height() * scale)};
 }
 
 QSize FloorPlanPicture::sizeForWidth(const QRectF &bounds, int width)

@@ -138,6 +138,11 @@ private slots:
                                   <table shape="0" seats_across="8" X="18000" Y="0"/>)"));
         QCOMPARE(draw({}).width(), 4000);
         QCOMPARE(draw({u"--width"_s, u"5000"_s}).width(), 5000);
+        // The longer side counts, though the shorter is a whole number of pixels, too.
+        write(m_plan, planWith(R"(<room_y_size value="120"/>
+                                  <table shape="0" seats_across="8" X="0" Y="0"/>
+                                  <table shape="0" seats_across="8" X="0" Y="18000"/>)"));
+        QCOMPARE(draw({}).height(), 4000);
     }
 
     void vectorPicturesHoldTextAndNoPicture()

@@ -60,8 +60,6 @@ constexpr std::array sources{
     Source{"pane-groups", 16},
     Source{"pane-proximity", 16},
     Source{"close-pane", 16},
-    Source{"locked", 32},
-    Source{"vip", 32},
     Source{"guest-single", 32},
     Source{"guest-couple", 32},
     Source{"guest-family", 32},

@@ -55,8 +55,6 @@ public:
     const QPixmap &closePane() const { return at(ClosePane); }
 
     // 32 by 32, for the tool bar, drags, entry dialogs and marks on the floor plan.
-    const QPixmap &lockedLarge() const { return at(LockedLarge); }
-    const QPixmap &vipLarge() const { return at(VipLarge); }
     const QPixmap &singleGuestLarge() const { return at(SingleGuestLarge); }
     const QPixmap &coupleLarge() const { return at(CoupleLarge); }
     const QPixmap &familyLarge() const { return at(FamilyLarge); }
@@ -105,8 +103,6 @@ private:
         PaneGroups,
         PaneProximity,
         ClosePane,
-        LockedLarge,
-        VipLarge,
         SingleGuestLarge,
         CoupleLarge,
         FamilyLarge,

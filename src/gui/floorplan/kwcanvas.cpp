@@ -1,7 +1,6 @@
 #include "gui/floorplan/kwcanvas.h"
 
 #include "core/model/kwdocument.h"
-#include "gui/appearance/kwcolours.h"
 #include "gui/floorplan/kwfloorplanitem.h"
 #include "gui/floorplan/kwplacefinder.h"
 #include "gui/floorplan/kwroomgeometry.h"
@@ -10,23 +9,8 @@
 #include <QPixmap>
 #include <QScopedValueRollback>
 
-namespace {
-
-KWCanvas::Display &sharedDisplay()
-{
-    static KWCanvas::Display display;
-    return display;
-}
-} // namespace
-
-const KWCanvas::Display &KWCanvas::display()
-{
-    return sharedDisplay();
-}
-
 KWCanvas::KWCanvas(KWDocument *document, QObject *parent)
-    : QGraphicsScene(parent)
-    , m_document(document)
+    : KWFloorPlanScene(document, parent)
 {
     connectDocument();
     updateOnRefresh();
@@ -41,19 +25,19 @@ KWCanvas::~KWCanvas()
 
 void KWCanvas::connectDocument()
 {
-    connect(m_document, &KWDocument::eventNewTable, this, &KWCanvas::updateOnNewTable);
-    connect(m_document, &KWDocument::eventEditTable, this, &KWCanvas::updateOnEditTable);
-    connect(m_document, &KWDocument::eventBeforeDeleteTable, this, &KWCanvas::updateOnDeleteTable);
-    connect(m_document, &KWDocument::eventBeforeDeleteGuest, this, &KWCanvas::updateOnDeleteGuest);
-    connect(m_document, &KWDocument::eventEditGuest, this, &KWCanvas::updateOnEditGuest);
-    connect(m_document, &KWDocument::eventEditSeat, this, &KWCanvas::updateOnEditSeat);
+    connect(document(), &KWDocument::eventNewTable, this, &KWCanvas::updateOnNewTable);
+    connect(document(), &KWDocument::eventEditTable, this, &KWCanvas::updateOnEditTable);
+    connect(document(), &KWDocument::eventBeforeDeleteTable, this, &KWCanvas::updateOnDeleteTable);
+    connect(document(), &KWDocument::eventBeforeDeleteGuest, this, &KWCanvas::updateOnDeleteGuest);
+    connect(document(), &KWDocument::eventEditGuest, this, &KWCanvas::updateOnEditGuest);
+    connect(document(), &KWDocument::eventEditSeat, this, &KWCanvas::updateOnEditSeat);
     // The marks of a group are those of its place in the plan.
-    connect(m_document, &KWDocument::eventGuestChangeGroup, this, &KWCanvas::updateOnEditGuest);
-    connect(m_document, &KWDocument::eventAfterDeleteGroup, this, &KWCanvas::repaintSeats);
-    connect(m_document, &KWDocument::eventRefresh, this, &KWCanvas::updateOnRefresh);
-    connect(m_document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvas::updateOnRefresh);
-    connect(m_document, &KWDocument::eventClear, this, &KWCanvas::updateOnClear);
-    connect(m_document, &KWDocument::eventPrepareAutoLayout, this,
+    connect(document(), &KWDocument::eventGuestChangeGroup, this, &KWCanvas::updateOnEditGuest);
+    connect(document(), &KWDocument::eventAfterDeleteGroup, this, &KWCanvas::repaintSeats);
+    connect(document(), &KWDocument::eventRefresh, this, &KWCanvas::updateOnRefresh);
+    connect(document(), &KWDocument::eventSimpleAutoLayout, this, &KWCanvas::updateOnRefresh);
+    connect(document(), &KWDocument::eventClear, this, &KWCanvas::updateOnClear);
+    connect(document(), &KWDocument::eventPrepareAutoLayout, this,
             &KWCanvas::updatePrepareAutoLayout);
 }
 
@@ -71,23 +55,30 @@ void KWCanvas::clearItems()
 
 void KWCanvas::addTableItem(KWTable *table)
 {
-    m_tables.insert(table, new KWTableCanvasViewItem(this, m_document, table));
+    m_tables.insert(table, new KWTableCanvasViewItem(this, document(), table));
 }
 
 void KWCanvas::updateOnNewTable(KWTable *table)
 {
     addTableItem(table);
+    emit boundsChanged();
 }
 
 void KWCanvas::updateOnEditTable(KWTable *table)
 {
-    if (KWTableCanvasViewItem *item = itemOfTable(table))
-        item->follow();
+    KWTableCanvasViewItem *item = itemOfTable(table);
+    if (!item)
+        return;
+    const QRectF before = item->bounds();
+    item->follow();
+    if (item->bounds() != before)
+        emit boundsChanged();
 }
 
 void KWCanvas::updateOnDeleteTable(KWTable *table)
 {
     delete m_tables.take(table);
+    emit boundsChanged();
 }
 
 void KWCanvas::updateOnDeleteGuest(KWGuest *guest)
@@ -108,8 +99,8 @@ void KWCanvas::updateOnEditSeat(KWTable *table, int seat)
 void KWCanvas::updateOnRefresh()
 {
     clearItems();
-    setBackgroundBrush(m_document->floorplanColourOutside());
-    for (KWTable *table : m_document->tables())
+    setBackgroundBrush(document()->floorplanColourOutside());
+    for (KWTable *table : document()->tables())
         addTableItem(table);
     resizeToRoom();
 }
@@ -140,8 +131,8 @@ void KWCanvas::repaintSeats()
 
 void KWCanvas::resizeToRoom()
 {
-    m_size = KWRoomGeometry::canvasSize(m_document->roomXSize(), m_document->roomYSize(),
-                                        m_document->chairSize());
+    m_size = KWRoomGeometry::canvasSize(document()->roomXSize(), document()->roomYSize(),
+                                        document()->chairSize());
     setSceneRect(QRectF(QPointF(), m_size));
     QList<QPointF> centres;
     const QList<KWTableCanvasViewItem *> items = m_tables.values();
@@ -162,24 +153,7 @@ void KWCanvas::resizeToRoom()
         m_room = new KWRoomCanvasViewItem(this);
     m_room->setRect(QRectF(QPointF(), m_size));
     update();
-}
-
-void KWCanvas::setSelected(QGraphicsItem *item)
-{
-    if (item == m_selected)
-        return;
-    for (QGraphicsItem *changed : {std::exchange(m_selected, item), item}) {
-        // The others look the same.
-        if (dynamic_cast<KWFloorPlanItem *>(changed))
-            changed->update();
-    }
-    emit selectedChanged();
-}
-
-QColor KWCanvas::selectionColour() const
-{
-    const QColor own = m_document->floorplanColourSelected();
-    return own.isValid() ? own : KWColours::highlightColour();
+    emit boundsChanged();
 }
 
 KWTableCanvasViewItem *KWCanvas::itemOfTable(const KWTable *table) const
@@ -197,12 +171,40 @@ KWSeatCanvasViewItem *KWCanvas::itemOfGuest(const KWGuest *guest) const
 {
     KWTable *table = nullptr;
     int seat = 0;
-    return m_document->findGuest(guest, &table, &seat) ? itemOfSeat(table, seat) : nullptr;
+    return document()->findGuest(guest, &table, &seat) ? itemOfSeat(table, seat) : nullptr;
 }
 
 QGraphicsItem *KWCanvas::itemAtPoint(const QPointF &point) const
 {
-    return items(point, Qt::IntersectsItemShape, Qt::DescendingOrder).value(0);
+    QGraphicsItem *bareTable = nullptr;
+    for (QGraphicsItem *item : items(point, Qt::IntersectsItemShape, Qt::DescendingOrder)) {
+        const auto *table = qgraphicsitem_cast<KWTableCanvasViewItem *>(item);
+        if (table && !table->isPaintedAt(point))
+            bareTable = bareTable ? bareTable : item;
+        else
+            return !bareTable || item->type() == KWSeatCanvasViewItem::Type ? item : bareTable;
+    }
+    return bareTable;
+}
+
+void KWCanvas::markDrop(const QList<KWGuestDrop::Seat> &seats)
+{
+    using Item = KWSeatCanvasViewItem;
+    QHash<const Item *, Item::DropMark> marks;
+    for (const KWGuestDrop::Seat &seat : seats)
+        marks.insert(itemOfSeat(seat.table, seat.seat),
+                     seat.losesLocked ? Item::TakenFromLocked : Item::Taken);
+    for (const KWTableCanvasViewItem *table : std::as_const(m_tables)) {
+        for (Item *seat : table->seatItems())
+            seat->setDropMark(marks.value(seat, Item::NotTaken));
+    }
+}
+
+void KWCanvas::setLook(const KWFloorPlanLook &look)
+{
+    m_nameOrder = look.nameOrder;
+    sharedDisplay() = look.seats;
+    repaintSeats();
 }
 
 void KWCanvas::setNameOrder(int order)
@@ -211,84 +213,62 @@ void KWCanvas::setNameOrder(int order)
     repaintSeats();
 }
 
-QColor KWCanvas::colourAt(int index)
-{
-    static constexpr std::array<QColor, 16> colours{
-        QColor(255, 0, 0),   QColor(0, 255, 0),     QColor(0, 0, 255),   QColor(255, 255, 0),
-        QColor(255, 0, 255), QColor(0, 255, 255),   QColor(192, 192, 0), QColor(192, 0, 192),
-        QColor(0, 192, 192), QColor(255, 192, 0),   QColor(192, 0, 0),   QColor(0, 192, 0),
-        QColor(0, 0, 192),   QColor(192, 192, 255), QColor(0, 192, 255), QColor(192, 192, 192)};
-    return colours.at(static_cast<std::size_t>(index) % colours.size());
-}
-
-QColor KWCanvas::outerColour(const KWGroup *group) const
-{
-    return colourAt(m_document->indexOfGroup(group));
-}
-
-QColor KWCanvas::innerColour(const KWGroup *group) const
-{
-    return colourAt(m_document->indexOfGroup(group) / 16);
-}
-
 void KWCanvas::displaySeats(SeatDisplay display)
 {
-    sharedDisplay().seats = display;
+    sharedDisplay().display = display;
     repaintSeats();
 }
 
 void KWCanvas::showGender(bool on)
 {
-    sharedDisplay().showGender = on;
+    sharedDisplay().gender = on;
     repaintSeats();
 }
 
 void KWCanvas::showAge(bool on)
 {
-    sharedDisplay().showAge = on;
+    sharedDisplay().age = on;
     repaintSeats();
 }
 
 void KWCanvas::showVIP(bool on)
 {
-    sharedDisplay().showVIP = on;
+    sharedDisplay().vip = on;
     repaintSeats();
 }
 
 void KWCanvas::showGroups(bool on)
 {
-    sharedDisplay().showGroups = on;
+    sharedDisplay().groups = on;
     repaintSeats();
 }
 
 void KWCanvas::showLocked(bool on)
 {
-    sharedDisplay().showLocked = on;
+    sharedDisplay().locked = on;
     repaintSeats();
 }
 
-void KWCanvas::moveToNextTablePos(KWTableCanvasViewItem *item)
+bool KWCanvas::moveToNextTablePos(KWTableCanvasViewItem *item)
 {
     KWPlaceFinder finder(m_size);
     for (const KWTableCanvasViewItem *other : std::as_const(m_tables)) {
         if (other != item)
             finder.add(other->area());
     }
-    const QPoint place = finder.freePlace(item->pos(), item->area().size());
-    item->moveBy(place.x() - item->x(), place.y() - item->y());
-    m_document->moveTable(item->table(), place.x(), place.y());
+    const auto [centre, isFree] = finder.freePlace(item->pos(), item->area().size());
+    item->moveBy(centre.x() - item->x(), centre.y() - item->y());
+    document()->moveTable(item->table(), centre.x(), centre.y());
+    emit boundsChanged();
+    return isFree;
 }
 
+// Lines end in the middle of seats.
 QRectF KWCanvas::itemBounds(double margin) const
 {
     QRectF bounds;
-    for (const QGraphicsItem *item : items()) {
-        const auto *planItem = dynamic_cast<const KWFloorPlanItem *>(item);
-        if (planItem)
-            bounds |= planItem->area();
-        else if (item != m_room)
-            bounds |= item->sceneBoundingRect();
-    }
+    for (const KWTableCanvasViewItem *table : m_tables)
+        bounds |= table->bounds();
     return KWRoomGeometry::withMargin(bounds, margin);
 }
 
@@ -301,7 +281,7 @@ void KWCanvas::paint(QPainter *painter, const QRectF &target, const QRectF &boun
 {
     const QScopedValueRollback picture(m_paintsPicture, true);
     const QScopedValueRollback<QGraphicsItem *> selected(m_selected, nullptr);
-    painter->fillRect(target, m_document->floorplanColourInside());
+    painter->fillRect(target, document()->floorplanColourInside());
     painter->setRenderHint(QPainter::Antialiasing);
     render(painter, target, bounds, Qt::IgnoreAspectRatio);
 }

@@ -1,16 +1,12 @@
 #pragma once
 
+#include "gui/exchange/kwguestdrop.h"
 #include "gui/exchange/kwprintable.h"
+#include "gui/floorplan/kwfloorplanscene.h"
 
 #include <QFont>
-#include <QGraphicsScene>
 #include <QHash>
 
-#include <array>
-
-class KWDocument;
-class KWFloorPlanItem;
-class KWGroup;
 class KWGuest;
 class KWRoomCanvasViewItem;
 class KWSeatCanvasViewItem;
@@ -19,63 +15,42 @@ class KWTableCanvasViewItem;
 
 /// The scene of the floor plan: the room and, for each table of the plan, an item with its seats
 /// under it. It follows the plan at all times, shown or not. Canvas units are scene units.
-class KWCanvas : public QGraphicsScene, public KWPrintable
+class KWCanvas : public KWFloorPlanScene, public KWPrintable
 {
     Q_OBJECT
 
 public:
-    enum SeatDisplay { CircularName, Circular, NameOnly, None };
-
-    /// What all canvases show of seats, for the life of the process.
-    struct Display
-    {
-        SeatDisplay seats = CircularName;
-        bool showGender = false;
-        bool showAge = false;
-        bool showVIP = false;
-        bool showGroups = false;
-        bool showLocked = false;
-
-        bool showsCircle() const { return seats == CircularName || seats == Circular; }
-        bool showsText() const { return seats == CircularName || seats == NameOnly; }
-    };
-    static const Display &display();
+    using SeatDisplay = KWFloorPlanLook::SeatDisplay;
+    using enum KWFloorPlanLook::SeatDisplay;
 
     /// `document` is not owned and outlives the canvas.
     explicit KWCanvas(KWDocument *document, QObject *parent = nullptr);
     ~KWCanvas() override;
 
-    KWDocument *document() const { return m_document; }
     /// The whole canvas: the room, from the origin.
     QSize canvasSize() const { return m_size; }
     /// Takes the size of the plan's room. Tables that stand beyond it are squeezed towards the
     /// origin, here but not in the plan.
     void resizeToRoom();
 
-    /// The selected item, at most one; null if there is none.
-    QGraphicsItem *selected() const { return m_selected; }
-    void setSelected(QGraphicsItem *item);
-    /// The plan's colour for selected things, or the desktop's if it has none.
-    QColor selectionColour() const;
-
     /// Null if there is none; a guest without a seat has none.
     KWTableCanvasViewItem *itemOfTable(const KWTable *table) const;
     KWSeatCanvasViewItem *itemOfSeat(const KWTable *table, int seat) const;
     KWSeatCanvasViewItem *itemOfGuest(const KWGuest *guest) const;
-    /// What is on top at a point: a line, a table, a seat or the room; null beyond the room.
+    /// What is on top at a point: a line, a table, a seat or the room; null beyond the room. A
+    /// table is hit in all of its rectangle, except where a round one leaves a seat to be seen.
     QGraphicsItem *itemAtPoint(const QPointF &point) const;
+    /// Outlines the seats that a drop would take, and no others.
+    void markDrop(const QList<KWGuestDrop::Seat> &seats);
 
-    /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers.
-    int nameOrder() const { return m_nameOrder; }
+    /// How it is shown; the seats are shown so in all canvases.
+    KWFloorPlanLook look() const { return {nameOrder(), display()}; }
+    void setLook(const KWFloorPlanLook &look);
     void setNameOrder(int order);
 
     /// A font that is kept and nothing else: seats and tables are painted with the plan's.
     QFont seatFont() const { return m_seatFont; }
     void setSeatFont(const QFont &font) { m_seatFont = font; }
-
-    /// The marks of a group: by its place in the plan, one of 256 pairs.
-    QColor outerColour(const KWGroup *group) const;
-    QColor innerColour(const KWGroup *group) const;
 
     /// What all tables and seats cover, with `margin` times the longer side around it.
     QRectF itemBounds(double margin) const;
@@ -122,12 +97,14 @@ public slots:
     void showVIP(bool on);
     void showGroups(bool on);
     void showLocked(bool on);
-    /// Finds a free place for a table's item, and stores it in the plan.
-    void moveToNextTablePos(KWTableCanvasViewItem *item);
+    /// Finds a free place for a table's item, and stores it in the plan. False if the room is full
+    /// and the table stands on others.
+    bool moveToNextTablePos(KWTableCanvasViewItem *item);
 
 signals:
-    /// selected() has become something else.
-    void selectedChanged();
+    /// The room or what itemBounds() tells may have changed. A table that is moved by its item says
+    /// nothing.
+    void boundsChanged();
 
 protected:
     void drawBackground(QPainter *painter, const QRectF &rect) override;
@@ -145,14 +122,9 @@ private:
     void addLines(int value);
     void addLine(const GuestPair &pair, int value);
     bool isConflict(const GuestPair &pair, int value) const;
-    static QColor colourAt(int index);
 
-    KWDocument *m_document;
     QSize m_size;
-    int m_nameOrder = 0;
     QFont m_seatFont;
-    bool m_paintsPicture = false;
-    QGraphicsItem *m_selected = nullptr;
     KWRoomCanvasViewItem *m_room = nullptr;
     QHash<const KWTable *, KWTableCanvasViewItem *> m_tables;
     QList<QGraphicsLineItem *> m_lines;

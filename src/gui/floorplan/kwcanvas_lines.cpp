@@ -53,7 +53,7 @@ void KWCanvas::showAllAffinity()
 void KWCanvas::addLines(int value)
 {
     const KWBusy busy;
-    for (const GuestPair &pair : m_document->proximityPairs(value))
+    for (const GuestPair &pair : document()->proximityPairs(value))
         addLine(pair, value);
 }
 
@@ -61,7 +61,7 @@ void KWCanvas::showConflicts()
 {
     const KWBusy busy;
     for (const int value : {KWScore::Loves, KWScore::Likes, KWScore::Dislikes, KWScore::Hates}) {
-        for (const GuestPair &pair : m_document->proximityPairs(value)) {
+        for (const GuestPair &pair : document()->proximityPairs(value)) {
             if (isConflict(pair, value))
                 addLine(pair, value);
         }
@@ -72,13 +72,13 @@ bool KWCanvas::isConflict(const GuestPair &pair, int value) const
 {
     switch (value) {
     case KWScore::Loves:
-        return !m_document->isNextTo(pair.first, pair.second);
+        return !document()->isNextTo(pair.first, pair.second);
     case KWScore::Likes:
-        return !m_document->atSameTable(pair.first, pair.second);
+        return !document()->atSameTable(pair.first, pair.second);
     case KWScore::Dislikes:
-        return m_document->isNextTo(pair.first, pair.second);
+        return document()->isNextTo(pair.first, pair.second);
     default:
-        return m_document->atSameTable(pair.first, pair.second);
+        return document()->atSameTable(pair.first, pair.second);
     }
 }
 

@@ -33,7 +33,7 @@ void draw(const PageText &text, const QRectF &box, QPainter *painter)
 
 QColor KWCanvas::backgroundColour() const
 {
-    return m_document->floorplanColourInside();
+    return document()->floorplanColourInside();
 }
 
 void KWCanvas::print(QPainter *painter, int width, int height, double margin, const QString &header,

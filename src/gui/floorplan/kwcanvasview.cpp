@@ -11,8 +11,10 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QTimer>
 #include <QToolTip>
+
+#include <algorithm>
+#include <array>
 
 namespace {
 
@@ -24,6 +26,14 @@ KWTableCanvasViewItem *tableItem(QGraphicsItem *item)
 KWSeatCanvasViewItem *seatItem(QGraphicsItem *item)
 {
     return qgraphicsitem_cast<KWSeatCanvasViewItem *>(item);
+}
+
+/// Escape takes the move back, and those that are held with others do nothing yet.
+bool givesCommand(int key)
+{
+    static constexpr std::array others{Qt::Key_Escape, Qt::Key_Shift, Qt::Key_Control,
+                                       Qt::Key_Alt,    Qt::Key_AltGr, Qt::Key_Meta};
+    return std::find(others.begin(), others.end(), key) == others.end();
 }
 } // namespace
 
@@ -40,10 +50,10 @@ KWCanvasView::KWCanvasView(QWidget *parent, KWDocument *document)
     // Or a release that went elsewhere would be noticed late.
     viewport()->setMouseTracking(true);
     languageChange();
-    scaleBy(startZoom);
     for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
-        connect(bar, &QScrollBar::actionTriggered, this, [this] { m_isFitted = false; });
-    connect(&m_canvas, &KWCanvas::sceneRectChanged, this, &KWCanvasView::zoomChanged);
+        connect(bar, &QScrollBar::actionTriggered, &m_zoom, &KWCanvasZoom::release);
+    connect(&m_zoom, &KWCanvasZoom::changed, this, &KWCanvasView::zoomChanged);
+    connect(&m_edgeScroll, &KWEdgeScroll::scrolled, this, &KWCanvasView::scrolledUnder);
     connect(document, &KWDocument::eventClear, this, &KWCanvasView::updateOnClear);
     connect(document, &KWDocument::eventRefresh, this, &KWCanvasView::updateOnRefresh);
     connect(document, &KWDocument::eventSimpleAutoLayout, this, &KWCanvasView::updateOnRefresh);
@@ -68,7 +78,8 @@ void KWCanvasView::changeEvent(QEvent *event)
 void KWCanvasView::updateOnClear()
 {
     m_dragStarted = false;
-    m_movingTable = false;
+    m_move.forget();
+    m_edgeScroll.stop();
 }
 
 void KWCanvasView::updateOnRefresh()
@@ -100,18 +111,34 @@ void KWCanvasView::setThisViewActive()
 
 void KWCanvasView::mousePressEvent(QMouseEvent *event)
 {
-    QGraphicsView::mousePressEvent(event);
+    m_pressPlace = event->position().toPoint();
     landTable();
+    if (event->button() == Qt::MiddleButton) {
+        m_panPlace = m_pressPlace;
+        viewport()->setCursor(Qt::ClosedHandCursor);
+        setThisViewActive();
+        return;
+    }
+    QGraphicsView::mousePressEvent(event);
     m_dragStarted = false;
-    m_lastPoint = mapToScene(event->position().toPoint());
-    m_canvas.setSelected(m_canvas.itemAtPoint(m_lastPoint));
-    if (const KWTableCanvasViewItem *table = selectedTable())
-        m_tableStart = table->pos();
+    const QPointF point = mapToScene(m_pressPlace);
+    m_canvas.setSelected(m_canvas.itemAtPoint(point));
+    m_move.start(point);
+    // A window that is closed meanwhile finds the plan as it is seen.
+    window()->installEventFilter(this);
     setThisViewActive();
 }
 
 void KWCanvasView::mouseMoveEvent(QMouseEvent *event)
 {
+    const QPoint place = event->position().toPoint();
+    if (m_panPlace) {
+        if (event->buttons() & Qt::MiddleButton)
+            pan(place);
+        else
+            endPan();
+        return;
+    }
     QGraphicsView::mouseMoveEvent(event);
     if (event->buttons() == Qt::NoButton) {
         // The release went elsewhere.
@@ -120,57 +147,69 @@ void KWCanvasView::mouseMoveEvent(QMouseEvent *event)
     }
     if (!(event->buttons() & Qt::LeftButton) || (event->buttons() & Qt::RightButton))
         return;
-    const QPointF point = mapToScene(event->position().toPoint());
     if (selectedTable())
-        moveTable(point);
+        moveTable(place);
     else if (selectedSeat() && !m_dragStarted)
-        dragGuest(point);
+        dragGuest(place);
 }
 
-void KWCanvasView::moveTable(const QPointF &point)
+void KWCanvasView::pan(const QPoint &place)
 {
-    if (!sceneRect().contains(point))
-        return;
-    m_movingTable = true;
-    const QPointF way = point - std::exchange(m_lastPoint, point);
-    selectedTable()->moveBy(way.x(), way.y());
+    m_zoom.release();
+    m_edgeScroll.scrollBy(*m_panPlace - place);
+    m_panPlace = place;
 }
 
-// Where a move of a table ends, the plan takes it over, unless the table is back where it was: one
-// that was squeezed into the room keeps its place in the plan. There is no undo for it.
+void KWCanvasView::endPan()
+{
+    m_panPlace.reset();
+    viewport()->unsetCursor();
+}
+
+bool KWCanvasView::isTremor(const QPoint &place) const
+{
+    return (place - m_pressPlace).manhattanLength() <= QApplication::startDragDistance();
+}
+
+void KWCanvasView::moveTable(const QPoint &place)
+{
+    m_move.goTo(mapToScene(place));
+    // A click near the edge scrolls nothing.
+    if (!isTremor(place))
+        m_edgeScroll.dragTo(place);
+}
+
 void KWCanvasView::landTable()
 {
-    const KWTableCanvasViewItem *item = selectedTable();
-    if (std::exchange(m_movingTable, false) && item) {
-        const QPoint place = item->pos().toPoint();
-        if (place == m_tableStart.toPoint())
-            return;
-        document()->moveTable(item->table(), place.x(), place.y());
-        m_tableStart = item->pos();
-        // Once, where the move of each pixel says nothing: it belongs into the next backup.
-        document()->announceModified();
-    }
+    m_edgeScroll.stop();
+    m_move.land();
 }
 
 void KWCanvasView::putTableBack()
 {
-    KWTableCanvasViewItem *item = selectedTable();
-    if (std::exchange(m_movingTable, false) && item) {
-        const QPointF way = m_tableStart - item->pos();
-        item->moveBy(way.x(), way.y());
-        // Nor do further moves of the button that is still down.
-        m_canvas.setSelected(nullptr);
-        updateCommands();
-    }
+    m_edgeScroll.stop();
+    m_move.putBack();
+    updateCommands();
 }
 
-void KWCanvasView::dragGuest(const QPointF &point)
+/// Goes on with what is dragged, where the pointer is over something else now.
+void KWCanvasView::scrolledUnder(const QPoint &place)
+{
+    m_zoom.release();
+    if (m_move.isGoing())
+        m_move.goTo(mapToScene(place));
+    else if (m_dragData)
+        showDrop(dropAt(place, m_dragData));
+}
+
+void KWCanvasView::dragGuest(const QPoint &place)
 {
     constexpr int tremor = 5;
     const KWSeatCanvasViewItem *seat = selectedSeat();
-    const int way = seat->pos().toPoint().manhattanLength() - point.toPoint().manhattanLength();
+    const int way =
+        seat->pos().toPoint().manhattanLength() - mapToScene(place).toPoint().manhattanLength();
     KWGuest *guest = seat->guest();
-    if (std::abs(way) <= tremor || !guest)
+    if (std::abs(way) <= tremor || isTremor(place) || !guest)
         return;
     // The message, too, comes once for a press.
     m_dragStarted = true;
@@ -187,6 +226,10 @@ void KWCanvasView::runDrag(KWDrag *drag)
 
 void KWCanvasView::mouseReleaseEvent(QMouseEvent *event)
 {
+    if (event->button() == Qt::MiddleButton) {
+        endPan();
+        return;
+    }
     QGraphicsView::mouseReleaseEvent(event);
     m_dragStarted = false;
     if (event->button() == Qt::LeftButton)
@@ -243,9 +286,12 @@ void KWCanvasView::contextMenuEvent(QContextMenuEvent *event)
         return;
     setThisViewActive();
     const QPoint place = mapFromScene(m_canvas.selected()->pos());
-    const QRect seen = viewport()->rect();
-    openContextMenu(viewport()->mapToGlobal(QPoint(qBound(seen.left(), place.x(), seen.right()),
-                                                   qBound(seen.top(), place.y(), seen.bottom()))));
+    // A pane may be squeezed until it shows nothing.
+    const auto within = [](int coordinate, int length) {
+        return std::max(0, std::min(coordinate, length - 1));
+    };
+    openContextMenu(viewport()->mapToGlobal(
+        QPoint(within(place.x(), viewport()->width()), within(place.y(), viewport()->height()))));
 }
 
 void KWCanvasView::mouseDoubleClickEvent(QMouseEvent *event)
@@ -260,7 +306,7 @@ bool KWCanvasView::event(QEvent *event)
     // A command that a key gives in the middle of a move, such as to save, finds the plan as it is
     // seen.
     if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+        givesCommand(static_cast<QKeyEvent *>(event)->key()))
         landTable();
     const bool known = QGraphicsView::event(event);
     if (event->type() == QEvent::Resize)
@@ -268,92 +314,23 @@ bool KWCanvasView::event(QEvent *event)
     return known;
 }
 
+bool KWCanvasView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Close && watched == window())
+        landTable();
+    // Whoever carries a drag on keeps the wheel from everybody else.
+    if (event->type() == QEvent::Wheel && m_dragData && watched->isWindowType() &&
+        turnWheelInDrag(*static_cast<QWheelEvent *>(event)))
+        return true;
+    return QGraphicsView::eventFilter(watched, event);
+}
+
 void KWCanvasView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && m_movingTable)
+    if (event->key() == Qt::Key_Escape && m_move.isGoing())
         putTableBack();
     else
         QGraphicsView::keyPressEvent(event);
-}
-
-bool KWCanvasView::acceptsDropOn(const QGraphicsItem *item) const
-{
-    if (!item)
-        return true;
-    if (const auto *seat = qgraphicsitem_cast<const KWSeatCanvasViewItem *>(item))
-        return !document()->seatHoldsLockedGuest(seat->table(), seat->seat());
-    if (const auto *table = qgraphicsitem_cast<const KWTableCanvasViewItem *>(item))
-        return !document()->allSeatsLocked(table->table());
-    return false;
-}
-
-void KWCanvasView::dragEnterEvent(QDragEnterEvent *event)
-{
-    event->setAccepted(event->mimeData()->hasFormat(KWDrag::GuestType));
-}
-
-void KWCanvasView::dragMoveEvent(QDragMoveEvent *event)
-{
-    const QPointF point = mapToScene(event->position().toPoint());
-    event->setAccepted(event->mimeData()->hasFormat(KWDrag::GuestType) &&
-                       acceptsDropOn(m_canvas.itemAtPoint(point)));
-}
-
-// The base class knows of no drag, as it was not told of it.
-void KWCanvasView::dragLeaveEvent(QDragLeaveEvent *event)
-{
-    event->accept();
-}
-
-void KWCanvasView::dropEvent(QDropEvent *event)
-{
-    QGraphicsItem *item = m_canvas.itemAtPoint(mapToScene(event->position().toPoint()));
-    const QList<KWGuest *> guests = KWDrag::decodeGuests(event->mimeData(), document());
-    bool taken = false;
-    if (const KWSeatCanvasViewItem *seat = seatItem(item))
-        taken = dropOnTable(guests, seat->table(), seat->seat());
-    else if (const KWTableCanvasViewItem *table = tableItem(item))
-        taken = dropOnTable(guests, table->table(), table->table()->firstSeatOfLargestGap());
-    else if (!item)
-        taken = dropOutside(guests);
-    if (taken) {
-        event->acceptProposedAction();
-    } else {
-        event->setDropAction(Qt::IgnoreAction);
-        event->ignore();
-    }
-}
-
-bool KWCanvasView::dropOnTable(const QList<KWGuest *> &guests, KWTable *table, int start)
-{
-    const int seats = table->seatCount();
-    if (guests.size() > seats) {
-        // Not while the one who drags waits for the end of it.
-        QTimer::singleShot(0, this, [] { errorBox(tr("Too many guests for table"), tr("&OK")); });
-        return false;
-    }
-    if (guests.isEmpty())
-        return false;
-    if (KWMainWindow *window = mainWin())
-        window->saveUndoState(tr("Drag guest(s)"));
-    for (int i = 0; i < guests.size(); ++i)
-        document()->assignGuest(guests[i], table, (start + i) % seats, false);
-    document()->recalculateScores();
-    updateCommands();
-    return true;
-}
-
-bool KWCanvasView::dropOutside(const QList<KWGuest *> &guests)
-{
-    if (guests.isEmpty())
-        return false;
-    if (KWMainWindow *window = mainWin())
-        window->saveUndoState(tr("Drag guest(s)"));
-    for (KWGuest *guest : guests)
-        document()->unassignGuest(guest, false);
-    document()->recalculateScores();
-    updateCommands();
-    return true;
 }
 
 bool KWCanvasView::viewportEvent(QEvent *event)

@@ -1,16 +1,24 @@
 #pragma once
 
 #include "gui/floorplan/kwcanvas.h"
+#include "gui/floorplan/kwcanvaszoom.h"
+#include "gui/floorplan/kwedgescroll.h"
+#include "gui/floorplan/kwtablemove.h"
 #include "gui/framework/kwview.h"
 
 #include <QGraphicsView>
+#include <QMimeData>
+#include <QPointer>
+
+#include <optional>
 
 class KWDrag;
 class KWMainWindow;
 class QPrinter;
 
-/// The floor plan pane: selects what is clicked, moves tables, drags guests, takes drops and zooms.
-/// Owns its canvas. What is dragged over it is looked at where the pointer is, topmost first.
+/// The floor plan pane: selects what is clicked, moves tables, drags guests, shows what a drop
+/// would do and takes it. Owns its canvas. What is dragged over it is looked at where the pointer
+/// is, topmost first.
 class KWCanvasView : public QGraphicsView, public KWView
 {
     Q_OBJECT
@@ -22,9 +30,9 @@ public:
     KWCanvas *canvas() { return &m_canvas; }
 
     /// The scale, the same in both directions.
-    double zoom() const { return transform().m11(); }
+    double zoom() const { return m_zoom.scale(); }
     /// What is in the middle of the view, in canvas units.
-    QPointF centre() const;
+    QPointF centre() const { return m_zoom.pointAt(m_zoom.middle()); }
     /// Changes the scale by a factor about the middle of the view.
     void setZoom(double factor);
     void zoomIn();
@@ -32,8 +40,8 @@ public:
     /// As large as shows all tables, and so it stays when the view is resized, until the user zooms
     /// or scrolls or the tables take another place.
     void zoomCentre();
-    bool canZoomIn() const;
-    bool canZoomOut() const;
+    bool canZoomIn() const { return m_zoom.canGoIn(); }
+    bool canZoomOut() const { return m_zoom.canGoOut(); }
 
     /// KWGuest::NameOrder, or KWFloorPlanText::seatNumbers.
     void setNameOrder(int order);
@@ -41,7 +49,7 @@ public:
     void setSeatFont(const QFont &font);
     /// Finds a free place for a table that has just been made, near where it stands.
     void placeNewTable(KWTable *table);
-    /// Selects the table and takes the focus.
+    /// Selects the table and takes the focus. Says how many of the new tables found no free place.
     void showTable(KWTable *table);
     /// Asks for the choices that go with printing, and prints the floor plan as the plan's print
     /// settings have it.
@@ -77,8 +85,8 @@ public slots:
     void updateOnRefresh();
 
 signals:
-    /// What canZoomIn() and canZoomOut() answer may have changed: the scale, the canvas or the size
-    /// of the view did.
+    /// What canZoomIn() and canZoomOut() answer may have changed: the scale, the canvas, its tables
+    /// or the size of the view did.
     void zoomChanged();
 
 protected:
@@ -86,6 +94,7 @@ protected:
     virtual void runDrag(KWDrag *drag);
 
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -110,32 +119,34 @@ private:
     KWGuest *selectedGuest() const;
     void languageChange();
     void setThisViewActive();
-    void moveTable(const QPointF &point);
+    void moveTable(const QPoint &place);
     void putTableBack();
     void landTable();
-    void dragGuest(const QPointF &point);
+    void dragGuest(const QPoint &place);
+    bool isTremor(const QPoint &place) const;
+    void pan(const QPoint &place);
+    void endPan();
+    void scrolledUnder(const QPoint &place);
     void openContextMenu(const QPoint &place);
     void updateCommands();
-    bool acceptsDropOn(const QGraphicsItem *item) const;
-    bool dropOnTable(const QList<KWGuest *> &guests, KWTable *table, int start);
-    bool dropOutside(const QList<KWGuest *> &guests);
+    KWGuestDrop dropAt(const QPoint &place, const QMimeData *dragged) const;
+    void showDrop(const KWGuestDrop &drop);
+    void endDragOver();
+    void showHint(const QString &text);
+    bool turnWheelInDrag(const QWheelEvent &event);
     bool showTip(const QPoint &place, const QPoint &screenPlace);
-    void scaleBy(double factor);
-    void fit();
-
-    static constexpr double startZoom = 0.3;
 
     KWCanvas m_canvas;
-    /// In canvas units.
-    QPointF m_lastPoint;
-    /// Where Escape puts the table back whose move is going on.
-    QPointF m_tableStart;
-    bool m_movingTable = false;
+    KWCanvasZoom m_zoom{this, &m_canvas};
+    KWTableMove m_move{&m_canvas};
+    KWEdgeScroll m_edgeScroll{this};
+    /// Where a button was pressed, on the viewport.
+    QPoint m_pressPlace;
     bool m_dragStarted = false;
-    /// As zoomCentre() left it, when the tables took this place.
-    bool m_isFitted = false;
-    QRectF m_fittedBounds;
-    /// What Ctrl and the wheel have turned towards the next step of the zoom, in eighths of a
-    /// degree.
-    int m_wheelTurn = 0;
+    /// Where the middle button has brought the view so far.
+    std::optional<QPoint> m_panPlace;
+    /// What is dragged over the view; null if nothing is.
+    QPointer<const QMimeData> m_dragData;
+    QString m_hint;
+    int m_newTablesWithoutPlace = 0;
 };

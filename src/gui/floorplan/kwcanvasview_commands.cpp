@@ -12,23 +12,13 @@
 #include <QClipboard>
 #include <QPainter>
 #include <QPrinter>
-#include <QStyle>
 #include <QWheelEvent>
 
-namespace {
-constexpr double highestZoom = 3;
-constexpr double zoomStep = 1.3;
-constexpr double zoomStepBack = 0.769231;
-constexpr double copyMargin = 0.05;
-/// Of the wheel, in eighths of a degree.
-constexpr int notch = QWheelEvent::DefaultDeltasPerStep;
+#include <utility>
 
-bool hasGuests(const KWTable &table)
-{
-    const auto seats = table.seats();
-    return std::any_of(seats.begin(), seats.end(), [](const KWGuest *guest) { return guest; });
+namespace {
+constexpr double copyMargin = 0.05;
 }
-} // namespace
 
 void KWCanvasView::deleteSelection()
 {
@@ -143,19 +133,15 @@ void KWCanvasView::setLocked(bool locked)
 bool KWCanvasView::canSetLocked()
 {
     const KWTableCanvasViewItem *table = selectedTable();
-    return selectedGuest() || (table && hasGuests(*table->table()));
+    return selectedGuest() || (table && table->table()->seatedCount() > 0);
 }
 
 bool KWCanvasView::isLocked()
 {
     if (const KWGuest *guest = selectedGuest())
         return guest->isLocked();
-    const KWTableCanvasViewItem *item = selectedTable();
-    if (!item || !hasGuests(*item->table()))
-        return false;
-    const auto seats = item->table()->seats();
-    return std::all_of(seats.begin(), seats.end(),
-                       [](const KWGuest *guest) { return !guest || guest->isLocked(); });
+    const KWTableCanvasViewItem *table = selectedTable();
+    return table && table->table()->allGuestsLocked();
 }
 
 bool KWCanvasView::canRotate()
@@ -169,19 +155,26 @@ void KWCanvasView::selectGuest(KWGuest *guest)
     if (!seat)
         return;
     landTable();
-    m_isFitted = false;
+    m_zoom.release();
     m_canvas.setSelected(seat);
     centerOn(seat->pos());
 }
 
 void KWCanvasView::placeNewTable(KWTable *table)
 {
-    if (KWTableCanvasViewItem *item = m_canvas.itemOfTable(table))
-        m_canvas.moveToNextTablePos(item);
+    KWTableCanvasViewItem *item = m_canvas.itemOfTable(table);
+    if (item && !m_canvas.moveToNextTablePos(item))
+        ++m_newTablesWithoutPlace;
 }
 
 void KWCanvasView::showTable(KWTable *table)
 {
+    const int crowded = std::exchange(m_newTablesWithoutPlace, 0);
+    KWMainWindow *window = mainWin();
+    if (window && crowded > 0)
+        window->showStatusMessage(
+            crowded == 1 ? tr("The room is full: 1 new table stands on others")
+                         : tr("The room is full: %1 new tables stand on others").arg(crowded));
     KWTableCanvasViewItem *item = m_canvas.itemOfTable(table);
     if (!item)
         return;
@@ -205,106 +198,48 @@ void KWCanvasView::setSeatFont(const QFont &font)
     m_canvas.update();
 }
 
-void KWCanvasView::scaleBy(double factor)
-{
-    scale(factor, factor);
-    emit zoomChanged();
-}
-
-QPointF KWCanvasView::centre() const
-{
-    // Not through mapToScene(), which knows whole pixels only.
-    const QSizeF seen = viewport()->size();
-    return viewportTransform().inverted().map(QPointF(seen.width() / 2, seen.height() / 2));
-}
-
 void KWCanvasView::setZoom(double factor)
 {
-    m_isFitted = false;
-    const QPointF centre = this->centre();
-    scaleBy(factor);
-    centerOn(centre);
-    if (KWMainWindow *window = mainWin())
-        window->showStatusMessage(tr("Zoom to x%1").arg(zoom(), 0, 'f', 2));
+    m_zoom.multiply(factor, m_zoom.middle());
 }
 
 void KWCanvasView::zoomIn()
 {
     const KWBusy busy;
     const KWUpdateBlock block(this);
-    setZoom(zoomStep);
+    m_zoom.in(m_zoom.middle());
 }
 
 void KWCanvasView::zoomOut()
 {
     const KWBusy busy;
     const KWUpdateBlock block(this);
-    setZoom(zoomStepBack);
+    m_zoom.out(m_zoom.middle());
 }
 
 void KWCanvasView::zoomCentre()
 {
     const KWBusy busy;
-    m_isFitted = true;
-    m_fittedBounds = m_canvas.itemBounds(0);
-    fit();
+    m_zoom.fitAll();
 }
 
 void KWCanvasView::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
-    // Also when the scroll bars that it brings take their room.
-    if (m_isFitted && m_canvas.itemBounds(0) == m_fittedBounds)
-        fit();
-}
-
-void KWCanvasView::fit()
-{
-    const QRectF bounds = m_canvas.itemBounds(0);
-    if (bounds.isEmpty()) {
-        scaleBy(startZoom / zoom());
-        centerOn(sceneRect().center());
-        return;
-    }
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    const QSizeF room = maximumViewportSize() - QSize(bar, bar);
-    if (room.isEmpty())
-        return;
-    scaleBy(std::min(room.width() / bounds.width(), room.height() / bounds.height()) / zoom());
-    centerOn(bounds.center());
-}
-
-bool KWCanvasView::canZoomIn() const
-{
-    return zoom() < highestZoom;
-}
-
-bool KWCanvasView::canZoomOut() const
-{
-    const QSizeF scaled = QSizeF(m_canvas.canvasSize()) * zoom();
-    const QSize room = maximumViewportSize();
-    return scaled.width() > room.width() || scaled.height() > room.height();
+    m_zoom.followSize();
 }
 
 void KWCanvasView::wheelEvent(QWheelEvent *event)
 {
-    if (!(event->modifiers() & Qt::ControlModifier)) {
-        m_wheelTurn = 0;
+    if (event->modifiers() & Qt::ControlModifier) {
+        const KWUpdateBlock block(this);
+        event->accept();
+        m_zoom.turnWheel(*event);
+    } else {
+        m_zoom.forgetWheel();
         QGraphicsView::wheelEvent(event);
-        return;
     }
-    event->accept();
-    const int turn = event->angleDelta().y();
-    if ((turn < 0) != (m_wheelTurn < 0))
-        m_wheelTurn = 0;
-    m_wheelTurn += turn;
-    // A fine wheel or a touchpad sends parts of a notch.
-    for (; m_wheelTurn >= notch; m_wheelTurn -= notch) {
-        if (canZoomIn())
-            zoomIn();
-    }
-    for (; m_wheelTurn <= -notch; m_wheelTurn += notch) {
-        if (canZoomOut())
-            zoomOut();
-    }
+    // The table stays under the pointer.
+    if (m_move.isGoing())
+        m_move.goTo(mapToScene(event->position().toPoint()));
 }

@@ -2,15 +2,18 @@
 
 #include "core/model/kwdocument.h"
 #include "gui/appearance/kwpixmaps.h"
-#include "gui/floorplan/kwcanvas.h"
 #include "gui/floorplan/kwfloorplantext.h"
 #include "gui/floorplan/kwtablegeometry.h"
 
 #include <QFont>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QStyleOptionGraphicsItem>
 #include <QSvgRenderer>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -19,6 +22,8 @@ constexpr double seatDepth = 1;
 constexpr double tableDepth = 2;
 constexpr double lineDepth = 100;
 constexpr double markedWidth = 2;
+constexpr double dropWidth = 3;
+constexpr QColor lockedColour(210, 67, 67);
 
 /// The plan's font with its size in canvas units, so that it is the same on every device.
 QFont canvasFont(const KWDocument &document)
@@ -32,20 +37,28 @@ QFont canvasFont(const KWDocument &document)
     return font;
 }
 
-/// In canvas units, but where they are smaller than pixels in pixels: a line is always seen.
+/// How large a canvas unit is, in pixels as the user knows them.
+double scaleOf(const QPainter *painter)
+{
+    return QStyleOptionGraphicsItem::levelOfDetailFromTransform(painter->worldTransform());
+}
+
+/// In canvas units, but where they are smaller than pixels in pixels: a line is always seen. It is
+/// as wide on a fine screen, where a pixel has several of the device's.
 QPen linePen(const QPainter *painter, const QColor &colour, double width = 1)
 {
-    QPen pen(colour, width);
-    pen.setCosmetic(
-        QStyleOptionGraphicsItem::levelOfDetailFromTransform(painter->worldTransform()) < 1);
+    if (scaleOf(painter) >= 1)
+        return QPen(colour, width);
+    QPen pen(colour, width * painter->device()->devicePixelRatioF());
+    pen.setCosmetic(true);
     return pen;
 }
 
 /// The marks at seats, for any scale.
 struct MarkDrawings
 {
-    QSvgRenderer locked{QStringLiteral(":/icons/locked.svg")};
-    QSvgRenderer vip{QStringLiteral(":/icons/vip.svg")};
+    QSvgRenderer locked{QStringLiteral(":/marks/locked.svg")};
+    QSvgRenderer vip{QStringLiteral(":/marks/vip.svg")};
 };
 
 MarkDrawings &markDrawings()
@@ -96,25 +109,25 @@ QPainterPath KWFloorPlanItem::shape() const
     return path;
 }
 
-KWCanvas *KWFloorPlanItem::canvas() const
+KWFloorPlanScene *KWFloorPlanItem::floorPlan() const
 {
-    return static_cast<KWCanvas *>(scene());
+    return static_cast<KWFloorPlanScene *>(scene());
 }
 
 bool KWFloorPlanItem::isMarked() const
 {
-    return canvas()->selected() == this;
+    return floorPlan()->selected() == this;
 }
 
-KWSeatCanvasViewItem::KWSeatCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table,
-                                           int seat, const QPointF &centre)
+KWSeatCanvasViewItem::KWSeatCanvasViewItem(KWFloorPlanScene *scene, KWDocument *document,
+                                           KWTable *table, int seat, const QPointF &centre)
     : KWFloorPlanItem(document)
     , m_table(table)
     , m_seat(seat)
 {
     setZValue(seatDepth);
     setPos(centre);
-    canvas->addItem(this);
+    scene->addItem(this);
 }
 
 KWGuest *KWSeatCanvasViewItem::guest() const
@@ -127,6 +140,12 @@ KWGuest *KWSeatCanvasViewItem::guest() const
 void KWSeatCanvasViewItem::follow()
 {
     if (guest() != m_painted)
+        update();
+}
+
+void KWSeatCanvasViewItem::setDropMark(DropMark mark)
+{
+    if (std::exchange(m_dropMark, mark) != mark)
         update();
 }
 
@@ -148,25 +167,42 @@ void KWSeatCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
     const KWGuest *occupant = guest();
     m_painted = occupant;
     double diameter = KWTableGeometry::seatSize;
-    if (KWCanvas::display().showAge && occupant && occupant->age() == KWGuest::Child)
+    if (KWFloorPlanScene::display().age && occupant && occupant->age() == KWGuest::Child)
         diameter *= childFactor;
     paintCircle(painter, occupant, diameter);
     if (occupant)
         paintMarks(painter, occupant, diameter, widget != nullptr);
-    if (KWCanvas::display().showsText())
+    if (KWFloorPlanScene::display().showsText())
         paintText(painter, diameter);
+    if (m_dropMark != NotTaken && !floorPlan()->paintsPicture())
+        paintDropMark(painter);
+}
+
+// Inside the seat, also where a pixel is many canvas units.
+void KWSeatCanvasViewItem::paintDropMark(QPainter *painter) const
+{
+    const bool locked = m_dropMark == TakenFromLocked;
+    QPen pen = linePen(painter, locked ? lockedColour : floorPlan()->selectionColour(), dropWidth);
+    // Told apart by its form as well.
+    if (locked)
+        pen.setStyle(Qt::DashLine);
+    painter->setPen(pen);
+    painter->setBrush(Qt::NoBrush);
+    const double width = dropWidth / std::min(1.0, scaleOf(painter));
+    const double radius = (KWTableGeometry::seatSize - width) / 2;
+    painter->drawEllipse(QPointF(), radius, radius);
 }
 
 QColor KWSeatCanvasViewItem::fillColour(const KWGuest *guest) const
 {
-    const KWCanvas::Display &display = KWCanvas::display();
-    if (guest && display.showGender) {
+    const KWFloorPlanLook::Seats &display = KWFloorPlanScene::display();
+    if (guest && display.gender) {
         if (guest->gender() == KWGuest::Male)
             return {96, 192, 255};
         if (guest->gender() == KWGuest::Female)
             return {255, 160, 255};
-    } else if (guest && display.showGroups && guest->group()) {
-        return canvas()->outerColour(guest->group());
+    } else if (guest && display.groups && guest->group()) {
+        return floorPlan()->outerColour(guest->group());
     }
     return display.showsCircle() ? document()->floorplanColourSeats()
                                  : document()->floorplanColourInside();
@@ -175,11 +211,11 @@ QColor KWSeatCanvasViewItem::fillColour(const KWGuest *guest) const
 void KWSeatCanvasViewItem::paintCircle(QPainter *painter, const KWGuest *guest,
                                        double diameter) const
 {
-    const bool circle = KWCanvas::display().showsCircle();
+    const bool circle = KWFloorPlanScene::display().showsCircle();
     QPen pen = linePen(painter, circle ? document()->floorplanColourSeatsEdge()
                                        : document()->floorplanColourInside());
     if (circle && isMarked())
-        pen = linePen(painter, canvas()->selectionColour(), markedWidth);
+        pen = linePen(painter, floorPlan()->selectionColour(), markedWidth);
     painter->setPen(pen);
     painter->setBrush(fillColour(guest));
     painter->drawEllipse(QPointF(), diameter / 2, diameter / 2);
@@ -188,49 +224,54 @@ void KWSeatCanvasViewItem::paintCircle(QPainter *painter, const KWGuest *guest,
 void KWSeatCanvasViewItem::paintMarks(QPainter *painter, const KWGuest *guest, double diameter,
                                       bool onScreen) const
 {
-    const KWCanvas::Display &display = KWCanvas::display();
-    if (display.showGroups && guest->group()) {
-        const QColor inner = canvas()->innerColour(guest->group());
+    const KWFloorPlanLook::Seats &display = KWFloorPlanScene::display();
+    if (display.groups && guest->group()) {
+        const QColor inner = floorPlan()->innerColour(guest->group());
         painter->setPen(inner);
         painter->setBrush(inner);
         painter->drawEllipse(QPointF(), diameter / 4, diameter / 4);
     }
     const QRectF place(-diameter / 2 + 2, -diameter / 2 - 3, diameter - 4, diameter);
-    if (display.showLocked && guest->isLocked())
+    if (display.locked && guest->isLocked())
         drawMark(painter, place, markDrawings().locked, onScreen);
-    if (display.showVIP && guest->isVip())
+    if (display.vip && guest->isVip())
         drawMark(painter, place, markDrawings().vip, onScreen);
 }
 
-void KWSeatCanvasViewItem::paintText(QPainter *painter, double diameter) const
+void KWSeatCanvasViewItem::paintText(QPainter *painter, double diameter)
 {
     const QString text = KWFloorPlanText::wrapped(
-        KWFloorPlanText::seatText(*m_table, m_seat, canvas()->nameOrder()));
+        KWFloorPlanText::seatText(*m_table, m_seat, floorPlan()->nameOrder()));
     if (text.isEmpty())
         return;
-    painter->setPen(isMarked() ? canvas()->selectionColour()
-                               : document()->floorplanColourSeatsText());
-    painter->setFont(canvasFont(*document()));
     constexpr double width = KWTableGeometry::seatSize;
+    const QFont font = canvasFont(*document());
+    // To measure takes as long as to paint.
+    if (m_text.text != text || m_text.height != diameter || m_text.font != font)
+        m_text = {text, diameter, font, KWFloorPlanText::fittedFont(font, text, {width, diameter})};
+    painter->setPen(isMarked() ? floorPlan()->selectionColour()
+                               : document()->floorplanColourSeatsText());
+    painter->setFont(m_text.fitted);
     painter->drawText(QRectF(-width / 2, -diameter / 2, width, diameter), Qt::AlignCenter, text);
 }
 
-KWTableCanvasViewItem::KWTableCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table)
+KWTableCanvasViewItem::KWTableCanvasViewItem(KWFloorPlanScene *scene, KWDocument *document,
+                                             KWTable *table)
     : KWFloorPlanItem(document)
     , m_table(table)
     , m_geometry(*table)
 {
     setZValue(tableDepth);
     setPos(table->position());
-    canvas->addItem(this);
+    scene->addItem(this);
     rebuildSeats();
 }
 
 KWTableCanvasViewItem::~KWTableCanvasViewItem()
 {
     deleteSeats();
-    if (canvas() && isMarked())
-        canvas()->setSelected(nullptr);
+    if (floorPlan() && isMarked())
+        floorPlan()->setSelected(nullptr);
 }
 
 KWSeatCanvasViewItem *KWTableCanvasViewItem::seatItem(int seat) const
@@ -242,8 +283,8 @@ KWSeatCanvasViewItem *KWTableCanvasViewItem::seatItem(int seat) const
 void KWTableCanvasViewItem::deleteSeats()
 {
     for (KWSeatCanvasViewItem *seat : m_seats) {
-        if (canvas() && canvas()->selected() == seat)
-            canvas()->setSelected(nullptr);
+        if (floorPlan() && floorPlan()->selected() == seat)
+            floorPlan()->setSelected(nullptr);
         delete seat;
     }
     m_seats.clear();
@@ -263,17 +304,19 @@ void KWTableCanvasViewItem::follow()
 
 void KWTableCanvasViewItem::rebuildSeats()
 {
-    const auto *selected = qgraphicsitem_cast<KWSeatCanvasViewItem *>(canvas()->selected());
+    const auto *selected = qgraphicsitem_cast<KWSeatCanvasViewItem *>(floorPlan()->selected());
     const int selectedSeat = selected && selected->table() == m_table ? selected->seat() : -1;
     deleteSeats();
     prepareGeometryChange();
     m_geometry = KWTableGeometry(*m_table);
     m_area = m_geometry.area({});
+    m_bounds = m_geometry.bounds({});
     int seat = 0;
     for (const QPointF &centre : m_geometry.seatCentres(pos()))
-        m_seats.push_back(new KWSeatCanvasViewItem(canvas(), document(), m_table, seat++, centre));
+        m_seats.push_back(
+            new KWSeatCanvasViewItem(floorPlan(), document(), m_table, seat++, centre));
     if (seatItem(selectedSeat))
-        canvas()->setSelected(seatItem(selectedSeat));
+        floorPlan()->setSelected(seatItem(selectedSeat));
     update();
 }
 
@@ -302,7 +345,7 @@ void KWTableCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsI
         return;
     const KWDocument &plan = *document();
     painter->setBrush(plan.floorplanColourTables());
-    painter->setPen(isMarked() ? linePen(painter, canvas()->selectionColour(), markedWidth)
+    painter->setPen(isMarked() ? linePen(painter, floorPlan()->selectionColour(), markedWidth)
                                : linePen(painter, plan.floorplanColourTablesEdge()));
     const QRectF body(QPointF(-size.width() / 2, -size.height() / 2), size);
     if (m_table->shape() == KWTable::Circular)
@@ -310,30 +353,30 @@ void KWTableCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsI
     else
         painter->drawRect(body);
     painter->setFont(canvasFont(plan));
-    painter->setPen(isMarked() ? canvas()->selectionColour() : plan.floorplanColourTableText());
+    painter->setPen(isMarked() ? floorPlan()->selectionColour() : plan.floorplanColourTableText());
     painter->drawText(body, Qt::AlignCenter, KWFloorPlanText::wrapped(m_paintedName));
 }
 
-KWRoomCanvasViewItem::KWRoomCanvasViewItem(KWCanvas *canvas)
-    : m_canvas(canvas)
+KWRoomCanvasViewItem::KWRoomCanvasViewItem(KWFloorPlanScene *scene)
+    : m_scene(scene)
 {
     setZValue(roomDepth);
     setPen(Qt::NoPen);
-    canvas->addItem(this);
+    scene->addItem(this);
 }
 
 void KWRoomCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
-    painter->fillRect(rect(), m_canvas->document()->floorplanColourInside());
+    painter->fillRect(rect(), m_scene->document()->floorplanColourInside());
 }
 
-KWLineCanvasViewItem::KWLineCanvasViewItem(KWCanvas *canvas, const QLineF &line,
+KWLineCanvasViewItem::KWLineCanvasViewItem(KWFloorPlanScene *scene, const QLineF &line,
                                            const QColor &colour)
     : QGraphicsLineItem(line)
 {
     setZValue(lineDepth);
     setPen(QPen(colour, 1));
-    canvas->addItem(this);
+    scene->addItem(this);
 }
 
 void KWLineCanvasViewItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)

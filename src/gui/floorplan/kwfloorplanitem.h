@@ -1,17 +1,18 @@
 #pragma once
 
+#include "gui/floorplan/kwfloorplanscene.h"
 #include "gui/floorplan/kwtablegeometry.h"
 
+#include <QFont>
 #include <QGraphicsItem>
 
-class KWCanvas;
 class KWDocument;
 class KWGuest;
 class KWTable;
 
 /// A table or a seat of the floor plan. It holds nothing of the plan: it looks there each time it
 /// paints, so a change asks for a repaint only. It is hit anywhere in its area. Owned by its
-/// canvas.
+/// scene.
 class KWFloorPlanItem : public QGraphicsItem
 {
 public:
@@ -33,21 +34,24 @@ protected:
     virtual QRectF areaPoints() const = 0;
 
     KWDocument *document() const { return m_document; }
-    KWCanvas *canvas() const;
+    KWFloorPlanScene *floorPlan() const;
     bool isMarked() const;
 
 private:
     KWDocument *m_document;
 };
 
-/// A seat, which shows its guest as the canvas's display settings say.
+/// A seat, which shows its guest as the scene's display settings say.
 class KWSeatCanvasViewItem : public KWFloorPlanItem
 {
 public:
-    enum { Type = UserType + 1 };
+    enum { Type = KWFloorPlanScene::SeatType };
+
+    /// What a drop would do to the seat: nothing, take it, or take it from a locked guest.
+    enum DropMark { NotTaken, Taken, TakenFromLocked };
 
     /// `centre` in canvas units.
-    KWSeatCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table, int seat,
+    KWSeatCanvasViewItem(KWFloorPlanScene *scene, KWDocument *document, KWTable *table, int seat,
                          const QPointF &centre);
 
     KWTable *table() const { return m_table; }
@@ -56,6 +60,8 @@ public:
     KWGuest *guest() const;
     /// Repaints the seat if somebody else sits there than was painted last.
     void follow();
+    DropMark dropMark() const { return m_dropMark; }
+    void setDropMark(DropMark mark);
 
     int type() const override { return Type; }
     QString tipText(int nameOrder) const override;
@@ -67,30 +73,45 @@ protected:
 private:
     void paintCircle(QPainter *painter, const KWGuest *guest, double diameter) const;
     void paintMarks(QPainter *painter, const KWGuest *guest, double diameter, bool onScreen) const;
-    void paintText(QPainter *painter, double diameter) const;
+    void paintText(QPainter *painter, double diameter);
+    void paintDropMark(QPainter *painter) const;
     QColor fillColour(const KWGuest *guest) const;
 
     KWTable *m_table;
     int m_seat;
+    DropMark m_dropMark = NotTaken;
     /// Only to be compared: the guest may be gone.
     const KWGuest *m_painted = nullptr;
+    /// What was painted last, and the font in which it fits.
+    struct FittedText
+    {
+        QString text;
+        double height = 0;
+        QFont font;
+        QFont fitted;
+    };
+    FittedText m_text;
 };
 
 /// A table, which takes its seats along where it is moved.
 class KWTableCanvasViewItem : public KWFloorPlanItem
 {
 public:
-    enum { Type = UserType + 2 };
+    enum { Type = KWFloorPlanScene::TableType };
 
     /// Stands where the table does, with its seats around it.
-    KWTableCanvasViewItem(KWCanvas *canvas, KWDocument *document, KWTable *table);
-    /// Deletes its seats, and lets the canvas forget it if it was selected.
+    KWTableCanvasViewItem(KWFloorPlanScene *scene, KWDocument *document, KWTable *table);
+    /// Deletes its seats, and lets the scene forget it if it was selected.
     ~KWTableCanvasViewItem() override;
 
     KWTable *table() const { return m_table; }
     /// Null for a seat that does not exist.
     KWSeatCanvasViewItem *seatItem(int seat) const;
     const std::vector<KWSeatCanvasViewItem *> &seatItems() const { return m_seats; }
+    /// What it covers with its seats, in canvas units.
+    QRectF bounds() const { return m_bounds.translated(pos()); }
+    /// Whether the table itself is painted at a point of the canvas in its area.
+    bool isPaintedAt(const QPointF &point) const { return m_geometry.isPaintedAt(point - pos()); }
     /// Makes all seats anew. The centre of the table stays, and so does a selected seat if there
     /// still is one of its number.
     void rebuildSeats();
@@ -113,6 +134,7 @@ private:
     KWTable *m_table;
     KWTableGeometry m_geometry;
     QRectF m_area;
+    QRectF m_bounds;
     QString m_paintedName;
     std::vector<KWSeatCanvasViewItem *> m_seats;
 };
@@ -121,15 +143,15 @@ private:
 class KWRoomCanvasViewItem : public QGraphicsRectItem
 {
 public:
-    enum { Type = UserType + 3 };
+    enum { Type = KWFloorPlanScene::RoomType };
 
-    explicit KWRoomCanvasViewItem(KWCanvas *canvas);
+    explicit KWRoomCanvasViewItem(KWFloorPlanScene *scene);
 
     int type() const override { return Type; }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 private:
-    KWCanvas *m_canvas;
+    KWFloorPlanScene *m_scene;
 };
 
 /// A line between two seats, over everything.
@@ -137,7 +159,7 @@ class KWLineCanvasViewItem : public QGraphicsLineItem
 {
 public:
     /// The line in canvas units.
-    KWLineCanvasViewItem(KWCanvas *canvas, const QLineF &line, const QColor &colour);
+    KWLineCanvasViewItem(KWFloorPlanScene *scene, const QLineF &line, const QColor &colour);
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 };

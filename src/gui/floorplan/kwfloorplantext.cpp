@@ -1,9 +1,14 @@
 #include "gui/floorplan/kwfloorplantext.h"
 
+#include "core/model/kwdocument.h"
 #include "core/model/kwgroup.h"
 #include "core/model/kwtable.h"
 
 #include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QtMath>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -106,6 +111,26 @@ QString KWFloorPlanText::wrapped(const QString &name)
     return text;
 }
 
+QFont KWFloorPlanText::fittedFont(const QFont &font, const QString &text, const QSizeF &box)
+{
+    constexpr double smallest = 2.0 / 3;
+    const auto sizeIn = [&text](const QFont &f) { return QFontMetricsF(f).size(0, text); };
+    const auto fits = [&box](const QSizeF &size) {
+        return size.width() <= box.width() && size.height() <= box.height();
+    };
+    const QSizeF size = sizeIn(font);
+    if (fits(size))
+        return font;
+    const double share = std::min(box.width() / size.width(), box.height() / size.height());
+    const int least = qCeil(font.pixelSize() * smallest);
+    QFont fitted = font;
+    fitted.setPixelSize(std::max(least, qFloor(font.pixelSize() * share)));
+    // Letters do not grow evenly.
+    while (fitted.pixelSize() > least && !fits(sizeIn(fitted)))
+        fitted.setPixelSize(fitted.pixelSize() - 1);
+    return fitted;
+}
+
 QString KWFloorPlanText::tableTip(const KWTable &table)
 {
     return piece(FloorPlanTip::tr("<b>Name:</b> %1"), table.name()) +
@@ -143,4 +168,29 @@ QString KWFloorPlanText::shortenedTip(const QString &tip)
         lineStart = at + 1;
     }
     return text;
+}
+
+QString KWFloorPlanText::unmetWishes(const KWDocument &plan)
+{
+    const QList<KWDocument::Affinity> wishes = plan.affinities();
+    const auto isUnmet = [&plan](const KWDocument::Affinity &wish) {
+        switch (wish.value) {
+        case KWScore::Loves:
+            return !plan.isNextTo(wish.first, wish.second);
+        case KWScore::Likes:
+            return !plan.atSameTable(wish.first, wish.second);
+        case KWScore::Dislikes:
+            return plan.isNextTo(wish.first, wish.second);
+        default:
+            return plan.atSameTable(wish.first, wish.second);
+        }
+    };
+    const auto unmet = std::count_if(wishes.begin(), wishes.end(), isUnmet);
+    const int unseated = plan.unseatedGuestCount(true);
+    const QString first =
+        unmet == 1 ? FloorPlanTip::tr("1 of %1 wishes is not met").arg(wishes.size())
+                   : FloorPlanTip::tr("%1 of %2 wishes are not met").arg(unmet).arg(wishes.size());
+    const QString second = unseated == 1 ? FloorPlanTip::tr("1 guest has no seat")
+                                         : FloorPlanTip::tr("%1 guests have no seat").arg(unseated);
+    return first + QStringLiteral(", ") + second;
 }

@@ -2,8 +2,11 @@
 
 #include "core/model/kwguest.h"
 
+#include <QFont>
+#include <QSizeF>
 #include <QString>
 
+class KWDocument;
 class KWTable;
 
 /// The texts of the floor plan: what stands in tables and seats, and what their tips say.
@@ -20,6 +23,9 @@ inline constexpr int seatNumbers = KWGuest::NameOrderCount;
 QString seatText(const KWTable &table, int seat, int nameOrder);
 /// A name in one to three lines, broken at blanks near its middle.
 QString wrapped(const QString &name);
+/// A font of a size in pixels, for a text that has to fit into a box of as many: as it is, or as
+/// much smaller as it must be, down to two thirds.
+QFont fittedFont(const QFont &font, const QString &text, const QSizeF &box);
 
 QString tableTip(const KWTable &table);
 /// What is known of the guest on a seat; empty for a seat that is empty or does not exist. A
@@ -28,5 +34,8 @@ QString seatTip(const KWTable &table, int seat, int nameOrder);
 /// A tip as it is shown: at most 200 characters and "...", with a line feed in front of a break
 /// now and then.
 QString shortenedTip(const QString &tip);
+
+/// "2 of 37 wishes are not met, 1 guest has no seat"
+QString unmetWishes(const KWDocument &plan);
 
 } // namespace KWFloorPlanText

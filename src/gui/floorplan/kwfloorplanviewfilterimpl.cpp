@@ -6,10 +6,13 @@
 #include "gui/floorplan/kwcanvasview.h"
 #include "gui/floorplan/kwfloorplantext.h"
 #include "gui/framework/kwmainwindow.h"
+#include "gui/framework/kwstatushint.h"
 #include "ui_kwfloorplanviewfilter.h"
 
 #include <QApplication>
 #include <QEvent>
+
+#include <utility>
 
 using Filter = KWFloorPlanViewFilterImpl;
 
@@ -17,7 +20,7 @@ namespace {
 
 bool hasCircle(KWCanvas::SeatDisplay display)
 {
-    return KWCanvas::Display{.seats = display}.showsCircle();
+    return KWFloorPlanLook::Seats{.display = display}.showsCircle();
 }
 } // namespace
 
@@ -97,57 +100,45 @@ QStringList KWFloorPlanViewFilterImpl::nameOrders()
     return KWGuest::nameOrders() + QStringList(tr("Seat reference"));
 }
 
-KWCanvas::SeatDisplay KWFloorPlanViewFilterImpl::seatDisplayOf(int index)
+KWFloorPlanLook KWFloorPlanViewFilterImpl::look() const
 {
-    const bool known = index >= KWCanvas::CircularName && index <= KWCanvas::None;
-    return known ? static_cast<KWCanvas::SeatDisplay>(index) : KWCanvas::CircularName;
+    return {
+        .nameOrder = m_ui->m_nameOrderComboBox->currentIndex(),
+        .seats = {.display = KWFloorPlanLook::seatDisplayOf(m_ui->m_seatsComboBox->currentIndex()),
+                  .gender = m_ui->m_genderCheckBox->isChecked(),
+                  .age = m_ui->m_ageCheckBox->isChecked(),
+                  .vip = m_ui->m_vipCheckBox->isChecked(),
+                  .groups = m_ui->m_groupsCheckBox->isChecked(),
+                  .locked = m_ui->m_lockedCheckBox->isChecked()}};
 }
 
-int KWFloorPlanViewFilterImpl::indexOf(KWCanvas::SeatDisplay display)
-{
-    return seatDisplayOf(display);
-}
-
-KWFloorPlanViewFilterImpl::Choices KWFloorPlanViewFilterImpl::choices() const
-{
-    return {.nameOrder = m_ui->m_nameOrderComboBox->currentIndex(),
-            .seats = seatDisplayOf(m_ui->m_seatsComboBox->currentIndex()),
-            .gender = m_ui->m_genderCheckBox->isChecked(),
-            .age = m_ui->m_ageCheckBox->isChecked(),
-            .vip = m_ui->m_vipCheckBox->isChecked(),
-            .groups = m_ui->m_groupsCheckBox->isChecked(),
-            .locked = m_ui->m_lockedCheckBox->isChecked()};
-}
-
-void KWFloorPlanViewFilterImpl::setChoices(const Choices &choices)
+void KWFloorPlanViewFilterImpl::setLook(const KWFloorPlanLook &look)
 {
     const QSignalBlocker viewBlocker(m_view);
     const auto set = [](auto *control, auto setter, auto value) {
         const QSignalBlocker blocker(control);
         (control->*setter)(value);
     };
-    const bool known = choices.nameOrder >= 0 && choices.nameOrder <= KWFloorPlanText::seatNumbers;
-    const int order = known ? choices.nameOrder : 0;
-    set(m_ui->m_nameOrderComboBox, &QComboBox::setCurrentIndex, order);
-    m_view->setNameOrder(order);
-    set(m_ui->m_seatsComboBox, &QComboBox::setCurrentIndex, indexOf(choices.seats));
-    m_canvas->displaySeats(choices.seats);
     const Ui::KWFloorPlanViewFilter &ui = *m_ui;
-    const struct
-    {
-        QCheckBox *box;
-        void (KWCanvas::*show)(bool);
-        bool on;
-    } flags[] = {{ui.m_genderCheckBox, &KWCanvas::showGender, choices.gender},
-                 {ui.m_ageCheckBox, &KWCanvas::showAge, choices.age},
-                 {ui.m_vipCheckBox, &KWCanvas::showVIP, choices.vip},
-                 {ui.m_groupsCheckBox, &KWCanvas::showGroups, choices.groups},
-                 {ui.m_lockedCheckBox, &KWCanvas::showLocked, choices.locked}};
-    for (const auto &flag : flags) {
-        set(flag.box, &QCheckBox::setChecked, flag.on);
-        (m_canvas->*flag.show)(flag.on);
-    }
-    enableFlags(choices.seats);
+    set(ui.m_nameOrderComboBox, &QComboBox::setCurrentIndex, look.nameOrder);
+    set(ui.m_seatsComboBox, &QComboBox::setCurrentIndex, int{look.seats.display});
+    set(ui.m_genderCheckBox, &QCheckBox::setChecked, look.seats.gender);
+    set(ui.m_ageCheckBox, &QCheckBox::setChecked, look.seats.age);
+    set(ui.m_vipCheckBox, &QCheckBox::setChecked, look.seats.vip);
+    set(ui.m_groupsCheckBox, &QCheckBox::setChecked, look.seats.groups);
+    set(ui.m_lockedCheckBox, &QCheckBox::setChecked, look.seats.locked);
+    m_canvas->setLook(look);
+    enableFlags(look.seats.display);
+}
+
+void KWFloorPlanViewFilterImpl::readSettings(const KWViewSettings &settings)
+{
+    setLook(KWFloorPlanLook::of(settings));
+}
+
+void KWFloorPlanViewFilterImpl::writeSettings(KWViewSettings &settings) const
+{
+    look().writeTo(settings);
 }
 
 void KWFloorPlanViewFilterImpl::nameOrderChanged(int order)
@@ -222,11 +213,20 @@ void KWFloorPlanViewFilterImpl::showAllAffinity()
 void KWFloorPlanViewFilterImpl::showConflicts()
 {
     m_canvas->showConflicts();
+    showHint(KWFloorPlanText::unmetWishes(*m_view->document()));
 }
 
 void KWFloorPlanViewFilterImpl::hideAffinity()
 {
     m_canvas->hideAffinity();
+    showHint({});
+}
+
+void KWFloorPlanViewFilterImpl::showHint(const QString &text)
+{
+    // An empty one would wipe out what others say.
+    if (std::exchange(m_hint, text) != text)
+        showStatusHint(this, text);
 }
 
 void KWFloorPlanViewFilterImpl::zoomIn()
@@ -307,7 +307,7 @@ void KWFloorPlanViewFilterImpl::showLocked(bool on)
 
 void KWFloorPlanViewFilterImpl::changeSeatDisplay(int index)
 {
-    const KWCanvas::SeatDisplay display = seatDisplayOf(index);
+    const KWCanvas::SeatDisplay display = KWFloorPlanLook::seatDisplayOf(index);
     if (!hasCircle(display)) {
         for (QCheckBox *box : circleFlags())
             box->setChecked(false);

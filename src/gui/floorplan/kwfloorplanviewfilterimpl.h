@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gui/floorplan/kwcanvas.h"
+#include "gui/framework/kwplansettingspanel.h"
 
 #include <QWidget>
 
@@ -17,7 +18,7 @@ class KWFloorPlanViewFilter;
 /// The panel above the floor plan: how names and seats are shown, the zoom, and buttons that show
 /// wishes while they are held down. What is chosen once is folded away at first. The floor plan is
 /// not owned. Whatever the user chooses counts as a change of the plan, since it is saved with it.
-class KWFloorPlanViewFilterImpl : public QWidget
+class KWFloorPlanViewFilterImpl : public QWidget, public KWPlanSettingsPanel
 {
     Q_OBJECT
 
@@ -28,24 +29,12 @@ public:
 
     void setView(KWCanvasView *view);
 
-    /// What is chosen in the panel. A plan file may have all flags on, which a user cannot choose.
-    struct Choices
-    {
-        int nameOrder = 0;
-        KWCanvas::SeatDisplay seats = KWCanvas::CircularName;
-        bool gender = false;
-        bool age = false;
-        bool vip = false;
-        bool groups = false;
-        bool locked = false;
-    };
-    Choices choices() const;
+    /// What is chosen in the panel.
+    KWFloorPlanLook look() const;
     /// Unlike the user's own choices these do not count as a change of the plan.
-    void setChoices(const Choices &choices);
-
-    /// The numbers of seat displays are those of the entries; what is none becomes 0.
-    static KWCanvas::SeatDisplay seatDisplayOf(int index);
-    static int indexOf(KWCanvas::SeatDisplay display);
+    void setLook(const KWFloorPlanLook &look);
+    void readSettings(const KWViewSettings &settings) override;
+    void writeSettings(KWViewSettings &settings) const override;
 
 public slots:
     void nameOrderChanged(int order);
@@ -86,6 +75,7 @@ private:
     void updateZoomButtons();
     void updateRotateButton();
     void enableFlags(KWCanvas::SeatDisplay display);
+    void showHint(const QString &text);
     /// What is seen on the circle of a seat only.
     std::array<QCheckBox *, 3> circleFlags() const;
     /// What is seen without the circle, too.
@@ -94,4 +84,6 @@ private:
     std::unique_ptr<Ui::KWFloorPlanViewFilter> m_ui;
     KWCanvasView *m_view = nullptr;
     KWCanvas *m_canvas = nullptr;
+    /// What the status bar says while the button for conflicts is held.
+    QString m_hint;
 };

@@ -48,7 +48,7 @@ void KWPlaceFinder::add(const QRectF &area)
     }
 }
 
-QPoint KWPlaceFinder::freePlace(const QPointF &wanted, const QSizeF &size) const
+KWPlaceFinder::Place KWPlaceFinder::freePlace(const QPointF &wanted, const QSizeF &size) const
 {
     const QPointF start(clamped(wanted.x(), m_canvas.width()),
                         clamped(wanted.y(), m_canvas.height()));
@@ -64,11 +64,11 @@ QPoint KWPlaceFinder::freePlace(const QPointF &wanted, const QSizeF &size) const
             const QPointF offset(std::cos(angle) * radius, std::sin(angle) * radius);
             if (!canvas.contains(start + offset)) {
                 if (radius > reach * m_canvas.width() || radius > reach * m_canvas.height())
-                    return start.toPoint();
+                    return {start.toPoint(), false};
                 continue;
             }
             if (isFree(area.translated(offset.toPoint())))
-                return (start + offset).toPoint();
+                return {(start + offset).toPoint(), true};
         }
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QRectF>
 #include <QSize>
 
@@ -16,10 +17,17 @@ public:
 
     /// A table that stands, by KWTableGeometry::area(). May reach beyond the canvas.
     void add(const QRectF &area);
-    /// The centre for a table with an area of that size: the place wanted, brought inside the
-    /// canvas, or the first place in the rings around it that keeps clear of all tables. In a
-    /// full canvas it is the place wanted after all.
-    QPoint freePlace(const QPointF &wanted, const QSizeF &size) const;
+    struct Place
+    {
+        QPoint centre;
+        bool isFree;
+
+        bool operator==(const Place &) const = default;
+    };
+    /// The place for a table with an area of that size: the one wanted, brought inside the canvas,
+    /// or the first in the rings around it that keeps clear of all tables. In a full canvas it is
+    /// the place wanted after all, which is not free then.
+    Place freePlace(const QPointF &wanted, const QSizeF &size) const;
 
 private:
     /// The cells that a rectangle touches. The outermost cells reach to infinity.

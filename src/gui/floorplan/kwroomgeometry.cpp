@@ -51,6 +51,21 @@ QList<QPointF> KWRoomGeometry::squeezed(const QList<QPointF> &centres, const QSi
     return result;
 }
 
+QRectF KWRoomGeometry::reach(const QSize &canvas, const QRectF &items)
+{
+    constexpr double air = KWTableGeometry::seatSize;
+    QRectF result(QPointF(), canvas);
+    if (items.left() < result.left())
+        result.setLeft(items.left() - air);
+    if (items.top() < result.top())
+        result.setTop(items.top() - air);
+    if (items.right() > result.right())
+        result.setRight(items.right() + air);
+    if (items.bottom() > result.bottom())
+        result.setBottom(items.bottom() + air);
+    return result;
+}
+
 QRectF KWRoomGeometry::withMargin(const QRectF &bounds, double margin)
 {
     if (!isLength(margin))

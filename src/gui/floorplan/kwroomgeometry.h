@@ -22,6 +22,10 @@ QSize canvasSize(double roomXSize, double roomYSize, double chairSize);
 /// which one stands too far out, all are squeezed towards the origin.
 QList<QPointF> squeezed(const QList<QPointF> &centres, const QSize &canvas);
 
+/// The part of the floor plan that a person has to be able to see: the canvas, and what stands
+/// over its edge with a seat of air around it.
+QRectF reach(const QSize &canvas, const QRectF &items);
+
 /// Grows a rectangle on all sides by `margin` times its longer side; not at all unless that is
 /// above 0.
 QRectF withMargin(const QRectF &bounds, double margin);

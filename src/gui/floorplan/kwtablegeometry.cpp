@@ -126,3 +126,20 @@ QRectF KWTableGeometry::area(const QPointF &centre) const
     const QPointF half(body.width() / 2 + outset, body.height() / 2 + outset);
     return {centre - half, centre + half};
 }
+
+QRectF KWTableGeometry::bounds(const QPointF &centre) const
+{
+    QRectF bounds = area(centre);
+    constexpr double half = unit / 2.0;
+    for (const QPointF &seat : seatCentres(centre))
+        bounds |= QRectF(seat - QPointF(half, half), seat + QPointF(half, half));
+    return bounds;
+}
+
+bool KWTableGeometry::isPaintedAt(const QPointF &point) const
+{
+    if (m_shape != KWTable::Circular)
+        return area({}).contains(point);
+    const double radius = (diameter(m_seats) + outlineWidth) / 2.0;
+    return std::hypot(point.x(), point.y()) <= radius;
+}

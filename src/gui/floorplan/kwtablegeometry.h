@@ -31,6 +31,11 @@ public:
     std::vector<QPointF> seatCentres(const QPointF &centre) const;
     /// What the table covers at `centre`, seats aside: the body and its outline when selected.
     QRectF area(const QPointF &centre) const;
+    /// What table and seats cover together.
+    QRectF bounds(const QPointF &centre) const;
+    /// Whether the table is painted at a point of its area, seen from its centre: in the corners of
+    /// a circular table's there are seats and floor.
+    bool isPaintedAt(const QPointF &point) const;
 
 private:
     std::vector<QPointF> ringOfSeats(const QPointF &centre) const;

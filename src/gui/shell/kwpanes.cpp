@@ -105,14 +105,7 @@ KWViewSettings KWPanes::viewSettings() const
     if (!m_leftTab)
         return settings;
     m_leftTab->guestsFilter()->writeSettings(settings);
-    const KWFloorPlanViewFilterImpl::Choices plan = m_topTab->floorPlanFilter()->choices();
-    settings.floor_plan_name_order = plan.nameOrder;
-    settings.floor_plan_show_seats = KWFloorPlanViewFilterImpl::indexOf(plan.seats);
-    settings.floor_plan_show_gender = plan.gender;
-    settings.floor_plan_show_age = plan.age;
-    settings.floor_plan_show_vip = plan.vip;
-    settings.floor_plan_show_groups = plan.groups;
-    settings.floor_plan_show_locked = plan.locked;
+    m_topTab->floorPlanFilter()->writeSettings(settings);
     return settings;
 }
 
@@ -121,14 +114,7 @@ void KWPanes::setViewSettings(const KWViewSettings &settings)
     m_viewSettings = settings;
     if (!m_leftTab)
         return;
-    m_topTab->floorPlanFilter()->setChoices(
-        {.nameOrder = settings.floor_plan_name_order,
-         .seats = KWFloorPlanViewFilterImpl::seatDisplayOf(settings.floor_plan_show_seats),
-         .gender = settings.floor_plan_show_gender,
-         .age = settings.floor_plan_show_age,
-         .vip = settings.floor_plan_show_vip,
-         .groups = settings.floor_plan_show_groups,
-         .locked = settings.floor_plan_show_locked});
+    m_topTab->floorPlanFilter()->readSettings(settings);
     m_leftTab->guestsFilter()->readSettings(settings);
 }
 

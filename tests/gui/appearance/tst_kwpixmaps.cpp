@@ -161,8 +161,6 @@ void tst_KWPixmaps::givesEachPictureInItsSize_data()
     add("groups", &P::paneGroups, u"pane-groups"_s, 16);
     add("proximity", &P::paneProximity, u"pane-proximity"_s, 16);
     add("close pane", &P::closePane, u"close-pane"_s, 16);
-    add("large locked", &P::lockedLarge, u"locked"_s, 32);
-    add("large vip", &P::vipLarge, u"vip"_s, 32);
     add("large single guest", &P::singleGuestLarge, u"guest-single"_s, 32);
     add("large couple", &P::coupleLarge, u"guest-couple"_s, 32);
     add("large family", &P::familyLarge, u"guest-family"_s, 32);

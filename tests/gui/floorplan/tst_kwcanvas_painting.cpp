@@ -17,12 +17,14 @@ private slots:
         QList<KWGroup *> groups;
         for (int i = 0; i < 257; ++i)
             groups.append(shown.plan.addGroup({}, s("G"), {}));
-        QCOMPARE(shown.canvas.outerColour(groups[0]), QColor(255, 0, 0));
-        QCOMPARE(shown.canvas.innerColour(groups[0]), QColor(255, 0, 0));
-        QCOMPARE(shown.canvas.outerColour(groups[17]), QColor(0, 255, 0));
-        QCOMPARE(shown.canvas.innerColour(groups[17]), QColor(0, 255, 0));
-        QCOMPARE(shown.canvas.outerColour(groups[30]), QColor(0, 192, 255));
-        QCOMPARE(shown.canvas.innerColour(groups[255]), QColor(192, 192, 192));
+        const QStringList colours{s("#ff0000"), s("#00ff00"), s("#0000ff"), s("#ffff00"),
+                                  s("#ff00ff"), s("#00ffff"), s("#c0c000"), s("#c000c0"),
+                                  s("#00c0c0"), s("#ffc000"), s("#c00000"), s("#00c000"),
+                                  s("#0000c0"), s("#c0c0ff"), s("#00c0ff"), s("#c0c0c0")};
+        for (int i = 0; i < 256; ++i) {
+            QCOMPARE(shown.canvas.outerColour(groups[i]).name(), colours[i % 16]);
+            QCOMPARE(shown.canvas.innerColour(groups[i]).name(), colours[i / 16]);
+        }
         QCOMPARE(shown.canvas.outerColour(groups[256]), shown.canvas.outerColour(groups[0]));
         QCOMPARE(shown.canvas.innerColour(groups[256]), shown.canvas.innerColour(groups[0]));
     }
@@ -223,19 +225,16 @@ private slots:
         const QImage both = picture();
         QVERIFY(!changed(locked, both).isEmpty());
         QVERIFY(place.contains(changed(locked, both).boundingRect()));
-        // The VIP's lies over the lock: where it covers the seat alone, it does so with it, too.
+        // Both are seen whole.
         shown.canvas.showLocked(false);
         const QImage vip = picture();
-        int covered = 0;
-        for (int y = 0; y < 100; ++y) {
-            for (int x = 0; x < 100; ++x) {
-                const bool lockIsHidden = bare.pixel(x, y) != locked.pixel(x, y) &&
-                                          both.pixel(x, y) == vip.pixel(x, y) &&
-                                          both.pixel(x, y) != bare.pixel(x, y);
-                covered += lockIsHidden ? 1 : 0;
-            }
-        }
-        QVERIFY(covered > 0);
+        const QRegion crown = changed(bare, vip);
+        const QRegion lock = changed(bare, locked);
+        QVERIFY(!crown.intersects(lock));
+        QVERIFY(changed(both, vip) == lock);
+        // The crown in the upper third of its place, the lock in the lower.
+        QVERIFY(crown.boundingRect().bottom() < 13 + 67 / 3);
+        QVERIFY(lock.boundingRect().top() > 13 + 67 * 2 / 3);
         QVERIFY(guest->isVip());
     }
 
@@ -287,19 +286,21 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&view));
         view.centerOn(shown.canvas.itemOfSeat(table, 0));
         const QPoint seat = view.mapFromScene(shown.canvas.itemOfSeat(table, 0)->pos());
+        const auto onScreen = [&](const QPoint &place) {
+            return view.viewport()->grab().toImage().pixelColor(seat + place);
+        };
+        const auto inPicture = [&](const QPoint &place) {
+            return shown.painted(shown.canvas.itemOfSeat(table, 0)->pos() + place);
+        };
         // The body of the lock, and the band of the crown.
-        const auto onScreen = [&] {
-            return view.viewport()->grab().toImage().pixelColor(seat + QPoint(-24, 28));
-        };
-        const auto inPicture = [&] {
-            return shown.painted(shown.canvas.itemOfSeat(table, 0)->pos() + QPointF(-24, 28));
-        };
-        for (const auto &[show, colour] : {std::pair{&KWCanvas::showLocked, QColor(163, 176, 194)},
-                                           std::pair{&KWCanvas::showVIP, QColor(243, 191, 91)}}) {
-            (shown.canvas.*show)(true);
-            QCOMPARE(onScreen(), colour);
-            QCOMPARE(inPicture(), colour);
-        }
+        const QPoint lock(-6, 36);
+        shown.canvas.showLocked(true);
+        QCOMPARE(onScreen(lock), QColor(163, 176, 194));
+        QCOMPARE(inPicture(lock), QColor(163, 176, 194));
+        const QPoint crown(-7, -29);
+        shown.canvas.showVIP(true);
+        QCOMPARE(onScreen(crown), QColor(243, 191, 91));
+        QCOMPARE(inPicture(crown), QColor(243, 191, 91));
     }
 
     void aChangeOfASeatRepaintsThatSeatOnly()

@@ -138,6 +138,96 @@ private slots:
         QCOMPARE(table->position(), QPoint(800, 600));
     }
 
+    void keysThatAreHeldWithOthersDoNotLandATable()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta})
+            QTest::keyClick(&shown.view, key);
+        QCOMPARE(table->position(), QPoint(600, 500));
+        QTest::keyClick(&shown.view, Qt::Key_Escape);
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
+    }
+
+    void aTableLandsBeforeItsWindowIsClosed()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.plan.setModified(false);
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        shown.view.window()->close();
+        QCOMPARE(table->position(), QPoint(800, 600));
+        QVERIFY(shown.plan.isModified());
+    }
+
+    void aSecondPressLandsATable()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        EventLog log(shown.plan);
+        const QPoint start = shown.placeOf(table);
+        shown.press(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(60, 30));
+        QCOMPARE(log.take(), QStringList());
+        shown.press(Qt::RightButton, start + QPoint(60, 30));
+        QCOMPARE(table->position(), QPoint(800, 600));
+        // So that it counts for the next backup.
+        QCOMPARE(log.take(), QStringList{s("eventModified()")});
+    }
+
+    void otherButtonsMoveNothing_data()
+    {
+        QTest::addColumn<int>("buttons");
+        QTest::newRow("middle") << int(Qt::MiddleButton);
+        QTest::newRow("back") << int(Qt::BackButton);
+        QTest::newRow("left and right") << int(Qt::LeftButton | Qt::RightButton);
+    }
+
+    void otherButtonsMoveNothing()
+    {
+        QFETCH(int, buttons);
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 0);
+        for (const QPoint &start : {shown.placeOf(table), shown.placeOf(table, 0)}) {
+            shown.press(Qt::LeftButton, start);
+            shown.moveTo(start + QPoint(60, 30), Qt::MouseButtons(buttons));
+        }
+        QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
+        QCOMPARE(shown.view.drags, QStringList());
+    }
+
+    void theMenuKeyOpensTheMenuOfWhatIsSelectedWithinTheView()
+    {
+        ShownPlan shown;
+        nameActions(shown.window);
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        const auto menuByKey = [&] {
+            return menuThatOpens([&] {
+                QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+                QCoreApplication::sendEvent(shown.view.viewport(), &key);
+            });
+        };
+        QCOMPARE(menuByKey(), QString());
+        shown.canvas.setSelected(shown.canvas.itemOfTable(table));
+        shown.window.currentView = nullptr;
+        QCOMPARE(menuByKey(), s("properties rotate lock - delete"));
+        QCOMPARE(shown.window.currentView, &shown.view);
+        shown.canvas.setSelected(shown.canvas.itemOfSeat(table, 0));
+        QCOMPARE(menuByKey(), s("properties - lock unassign"));
+        // The mouse's own is the release's affair.
+        QContextMenuEvent mouse(QContextMenuEvent::Mouse, QPoint(1, 1), QPoint(1, 1));
+        QCOMPARE(menuThatOpens([&] { QCoreApplication::sendEvent(shown.view.viewport(), &mouse); }),
+                 QString());
+        shown.view.viewport()->resize(0, 0);
+        QCOMPARE(menuByKey(), s("properties - lock unassign"));
+    }
+
     void aTableThatComesBackToItsPlaceChangesNothing()
     {
         ShownPlan shown;
@@ -219,7 +309,7 @@ private slots:
         QCOMPARE(shown.canvas.itemOfTable(table)->pos(), QPointF(600, 500));
     }
 
-    void aGuestIsDraggedOnceTheLengthsDifferByMoreThanFive()
+    void aGuestIsDraggedOnceThePressIsFarAndTheLengthsDifferByMoreThanFive()
     {
         ShownPlan shown;
         KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
@@ -232,15 +322,47 @@ private slots:
         shown.press(Qt::LeftButton, place(0, 0));
         // What x gains y loses: the lengths stay the same.
         shown.moveTo(place(40, -40));
-        shown.moveTo(place(5, 0));
-        shown.moveTo(place(-5, 0));
+        const int far = QApplication::startDragDistance();
+        shown.moveTo(place(far, 0));
+        shown.moveTo(place(-far, 0));
         QCOMPARE(shown.view.drags, QStringList());
-        shown.moveTo(place(6, 0));
+        shown.moveTo(place(far + 1, 0));
         QCOMPARE(shown.view.drags, QStringList{s("Ann")});
         // One press starts one drag.
         shown.moveTo(place(30, 0));
         QCOMPARE(shown.view.drags.size(), 1);
         shown.release(Qt::LeftButton, place(30, 0));
+    }
+
+    void aTremorBesideTheMiddleOfASeatDragsNobody()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 0);
+        shown.seat("Bob", table, 1, true);
+        shown.view.setZoom(1 / shown.view.zoom());
+        for (int seat = 0; seat < 2; ++seat) {
+            const QPoint start = shown.placeOf(table, seat) + QPoint(15, 0);
+            shown.press(Qt::LeftButton, start);
+            shown.moveTo(start + QPoint(1, 0));
+            shown.release(Qt::LeftButton, start + QPoint(1, 0));
+        }
+        QCOMPARE(shown.view.drags, QStringList());
+    }
+
+    void aDragStartsWhereTheLengthsDifferByMoreThanFive()
+    {
+        ShownPlan shown;
+        KWTable *table = shown.table("T", KWTable::Circular, 4, {600, 500});
+        shown.seat("Ann", table, 0);
+        shown.view.setZoom(1 / shown.view.zoom());
+        const QPointF centre = shown.canvas.itemOfSeat(table, 0)->pos();
+        // Far from the press, but about as far from the origin as the middle of the seat.
+        shown.press(Qt::LeftButton, shown.placeOf(centre + QPointF(-20, 0)));
+        shown.moveTo(shown.placeOf(centre + QPointF(5, 0)));
+        QCOMPARE(shown.view.drags, QStringList());
+        shown.moveTo(shown.placeOf(centre + QPointF(6, 0)));
+        QCOMPARE(shown.view.drags, QStringList{s("Ann")});
     }
 
     void anEmptySeatIsNotDragged()

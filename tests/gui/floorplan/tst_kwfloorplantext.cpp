@@ -2,6 +2,7 @@
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
+#include <QFontMetricsF>
 #include <QtTest>
 
 using namespace KWFloorPlanText;
@@ -258,6 +259,53 @@ private slots:
     {
         QFETCH(QString, tip);
         QTEST(shortenedTip(tip), "shown");
+    }
+
+    void aTextThatFitsKeepsItsFont()
+    {
+        QFont font;
+        font.setPixelSize(20);
+        const QSizeF size = QFontMetricsF(font).size(0, s("Anna\nBaker"));
+        QCOMPARE(fittedFont(font, s("Anna\nBaker"), size), font);
+        QCOMPARE(fittedFont(font, QString(), {1, 100}), font);
+    }
+
+    void aTextThatDoesNotFitBecomesSmallerAsFarAsItMust_data()
+    {
+        QTest::addColumn<double>("width");
+        QTest::addColumn<double>("height");
+        QTest::newRow("too wide") << 0.8 << 1.5;
+        QTest::newRow("too high") << 1.5 << 0.8;
+        QTest::newRow("both") << 0.9 << 0.75;
+    }
+
+    void aTextThatDoesNotFitBecomesSmallerAsFarAsItMust()
+    {
+        QFETCH(double, width);
+        QFETCH(double, height);
+        QFont font;
+        font.setPixelSize(60);
+        const QString text = s("Anna\nBaker");
+        const QSizeF size = QFontMetricsF(font).size(0, text);
+        const QSizeF box(size.width() * width, size.height() * height);
+        QFont fitted = fittedFont(font, text, box);
+        const auto fits = [&](const QFont &f) {
+            const QSizeF needed = QFontMetricsF(f).size(0, text);
+            return needed.width() <= box.width() && needed.height() <= box.height();
+        };
+        QVERIFY(fits(fitted));
+        QVERIFY(fitted.pixelSize() >= 40);
+        // Not much smaller than it must be.
+        fitted.setPixelSize(fitted.pixelSize() + 2);
+        QVERIFY(!fits(fitted));
+    }
+
+    void twoThirdsIsTheLeastThatATextIsMadeSmaller()
+    {
+        QFont font;
+        font.setPixelSize(31);
+        QCOMPARE(fittedFont(font, s("Bartholomew"), {5, 100}).pixelSize(), 21);
+        QCOMPARE(fittedFont(font, s("Bartholomew"), {500, 1}).pixelSize(), 21);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
 #include "gui/dialogs/kwdimensionsdlgimpl.h"
 #include "gui/framework/kwcolourbutton.h"
+#include "support/gui/hintlog.h"
 #include "support/gui/modaluser.h"
 #include "support/gui/panelplan.h"
 #include "support/registeredtest.h"
@@ -49,6 +50,7 @@ private slots:
     void linesGoWithWhatTakesTheButtonAway();
     void linesComeBackWithThePointer();
     void holdingAButtonIsNoChangeOfThePlan();
+    void theButtonForConflictsTellsHowManyThereAre();
 
     void aZoomButtonAtItsLimitLeavesTheKeysToThePlan();
     void theZoomButtonsAndCtrlAndTheWheelKeepToTheLimits();
@@ -185,6 +187,28 @@ void TestKWFloorPlanViewFilterButtons::holdingAButtonIsNoChangeOfThePlan()
         shown.click(row.button);
     QVERIFY(!shown.plan.isModified());
     QCOMPARE(shown.window.undoLabels, QStringList());
+}
+
+void TestKWFloorPlanViewFilterButtons::theButtonForConflictsTellsHowManyThereAre()
+{
+    PanelPlan shown;
+    shown.seatWishes();
+    const HintLog log(&shown.panel);
+    QTest::mousePress(shown.button("m_nearToButton"), Qt::LeftButton);
+    QTest::mouseRelease(shown.button("m_nearToButton"), Qt::LeftButton);
+    QCOMPARE(log.hints, QStringList());
+    addGuest(shown.plan, {"Kim"});
+    QTest::mousePress(shown.button("m_conflictsButton"), Qt::LeftButton);
+    QCOMPARE(log.hints, QStringList{s("4 of 5 wishes are not met, 1 guest has no seat")});
+    QTest::mouseRelease(shown.button("m_conflictsButton"), Qt::LeftButton);
+    QCOMPARE(log.hints.last(), QString());
+    addGuest(shown.plan, {"Lou"});
+    for (const auto &[a, b] : {std::pair(0, 1), std::pair(2, 3), std::pair(4, 5)})
+        shown.plan.setAffinity(shown.plan.guestAt(a), shown.plan.guestAt(b), KWScore::Neutral,
+                               false);
+    QTest::mousePress(shown.button("m_conflictsButton"), Qt::LeftButton);
+    QCOMPARE(log.hints.last(), s("1 of 2 wishes is not met, 2 guests have no seat"));
+    QTest::mouseRelease(shown.button("m_conflictsButton"), Qt::LeftButton);
 }
 
 void TestKWFloorPlanViewFilterButtons::theZoomButtonsAndCtrlAndTheWheelKeepToTheLimits()

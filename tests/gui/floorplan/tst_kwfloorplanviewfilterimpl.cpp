@@ -1,3 +1,4 @@
+#include "core/model/kwviewsettings.h"
 #include "gui/floorplan/kwfloorplantext.h"
 #include "gui/framework/kwviewandfilter.h"
 #include "support/gui/dialogchecks.h"
@@ -6,7 +7,7 @@
 #include "support/registeredtest.h"
 
 using Panel = KWFloorPlanViewFilterImpl;
-using Choices = Panel::Choices;
+using Look = KWFloorPlanLook;
 
 // The form of the panel, and what is chosen in it.
 
@@ -21,7 +22,6 @@ private slots:
     void thePanelIsAsListed();
     void theNamesHaveTheirOrdersAndSeatReference();
     void theSeatsHaveTheirDisplays();
-    void whatIsNoSeatDisplayIsTheFirst();
     void everyButtonHasAPictureAndAName();
     void thePanelIsWellMade_data();
     void thePanelIsWellMade();
@@ -104,18 +104,6 @@ void TestKWFloorPlanViewFilterImpl::theSeatsHaveTheirDisplays()
     QCOMPARE(GuestForm::entries(shown.seats),
              (QStringList{s("circular+name"), s("circular"), s("name only"), s("none")}));
     QCOMPARE(child<QLabel>(shown.panel, "m_seatsLabel")->buddy(), shown.seats);
-    for (const KWCanvas::SeatDisplay display :
-         {KWCanvas::CircularName, KWCanvas::Circular, KWCanvas::NameOnly, KWCanvas::None}) {
-        QCOMPARE(Panel::indexOf(display), int(display));
-        QCOMPARE(Panel::seatDisplayOf(display), display);
-    }
-}
-
-void TestKWFloorPlanViewFilterImpl::whatIsNoSeatDisplayIsTheFirst()
-{
-    for (const int index : {-1, 4, 1000})
-        QCOMPARE(Panel::seatDisplayOf(index), KWCanvas::CircularName);
-    QCOMPARE(Panel::indexOf(static_cast<KWCanvas::SeatDisplay>(9)), 0);
 }
 
 void TestKWFloorPlanViewFilterImpl::everyButtonHasAPictureAndAName()
@@ -297,12 +285,12 @@ void TestKWFloorPlanViewFilterImpl::aSeatDisplayGreysWhatItDoesNotShow()
          {"m_groupsCheckBox", "m_ageCheckBox", "m_vipCheckBox", "m_lockedCheckBox"})
         shown.check(box);
     GuestForm::pick(shown.seats, qPrintable(display));
-    QTEST(int(KWCanvas::display().seats), "number");
+    QTEST(int(KWCanvas::display().display), "number");
     QTEST(shown.enabled(), "enabled");
     QCOMPARE(shown.checked(), left);
     QCOMPARE(shownFlags(), left);
     GuestForm::pick(shown.seats, "circular+name");
-    QCOMPARE(KWCanvas::display().seats, KWCanvas::CircularName);
+    QCOMPARE(KWCanvas::display().display, KWCanvas::CircularName);
     QCOMPARE(shown.enabled(), s("gender age groups vip locked"));
     QCOMPARE(shown.checked(), left);
 }
@@ -348,22 +336,22 @@ void TestKWFloorPlanViewFilterImpl::theWheelPassesOverTheBoxes()
 void TestKWFloorPlanViewFilterImpl::whatWasSavedIsShownWithoutChangingThePlan()
 {
     PanelPlan shown;
-    shown.panel.setChoices(
-        {.nameOrder = 7, .seats = KWCanvas::Circular, .gender = true, .vip = true, .locked = true});
+    const Look look{
+        .nameOrder = 7,
+        .seats = {.display = KWCanvas::Circular, .gender = true, .vip = true, .locked = true}};
+    shown.panel.setLook(look);
     QVERIFY(!shown.plan.isModified());
     QCOMPARE(shown.names->currentText(), s("Seat reference"));
     QCOMPARE(shown.canvas.nameOrder(), 7);
     QCOMPARE(shown.seats->currentText(), s("circular"));
-    QCOMPARE(KWCanvas::display().seats, KWCanvas::Circular);
+    QCOMPARE(KWCanvas::display().display, KWCanvas::Circular);
     QCOMPARE(shown.checked(), s("gender vip locked"));
     QCOMPARE(shownFlags(), s("gender vip locked"));
-    const Choices now = shown.panel.choices();
-    QCOMPARE(now.nameOrder, 7);
-    QCOMPARE(now.seats, KWCanvas::Circular);
-    QVERIFY(now.gender && now.vip && now.locked && !now.age && !now.groups);
-    shown.panel.setChoices({.age = true, .groups = true});
+    QVERIFY(shown.panel.look() == look);
+    QVERIFY(shown.canvas.look() == look);
+    shown.panel.setLook({.seats = {.age = true, .groups = true}});
     QCOMPARE(shown.names->currentIndex(), 0);
-    QCOMPARE(KWCanvas::display().seats, KWCanvas::CircularName);
+    QCOMPARE(KWCanvas::display().display, KWCanvas::CircularName);
     QCOMPARE(shown.checked(), s("age groups"));
     QCOMPARE(shownFlags(), s("age groups"));
     QVERIFY(!shown.plan.isModified());
@@ -372,11 +360,11 @@ void TestKWFloorPlanViewFilterImpl::whatWasSavedIsShownWithoutChangingThePlan()
 void TestKWFloorPlanViewFilterImpl::aSavedSeatDisplayGreysWhatItDoesNotShow()
 {
     PanelPlan shown;
-    shown.panel.setChoices({.seats = KWCanvas::None});
+    shown.panel.setLook({.seats = {.display = KWCanvas::None}});
     QCOMPARE(shown.enabled(), QString());
-    shown.panel.setChoices({.seats = KWCanvas::NameOnly});
+    shown.panel.setLook({.seats = {.display = KWCanvas::NameOnly}});
     QCOMPARE(shown.enabled(), s("vip locked"));
-    shown.panel.setChoices({});
+    shown.panel.setLook({});
     QCOMPARE(shown.enabled(), s("gender age groups vip locked"));
 }
 
@@ -384,8 +372,10 @@ void TestKWFloorPlanViewFilterImpl::savedValuesThatAreNoneBecomeTheFirst()
 {
     PanelPlan shown;
     for (const int order : {-1, 8, 1000}) {
-        shown.panel.setChoices({.nameOrder = 3});
-        shown.panel.setChoices({.nameOrder = order});
+        shown.panel.setLook({.nameOrder = 3, .seats = {}});
+        KWViewSettings settings;
+        settings.floor_plan_name_order = order;
+        shown.panel.readSettings(settings);
         QCOMPARE(shown.names->currentIndex(), 0);
         QCOMPARE(shown.canvas.nameOrder(), 0);
     }
@@ -394,7 +384,7 @@ void TestKWFloorPlanViewFilterImpl::savedValuesThatAreNoneBecomeTheFirst()
 void TestKWFloorPlanViewFilterImpl::genderAndGroupsOfAFileAreBothShown()
 {
     PanelPlan shown;
-    shown.panel.setChoices({.gender = true, .groups = true});
+    shown.panel.setLook({.seats = {.gender = true, .groups = true}});
     QCOMPARE(shown.checked(), s("gender groups"));
     QCOMPARE(shownFlags(), s("gender groups"));
     shown.check("m_genderCheckBox");
@@ -408,7 +398,7 @@ void TestKWFloorPlanViewFilterImpl::whatIsRestoredIsToldToNobody()
     const QSignalSpy names(shown.names, &QComboBox::currentIndexChanged);
     const QSignalSpy seats(shown.seats, &QComboBox::currentIndexChanged);
     const QSignalSpy age(shown.box("m_ageCheckBox"), &QCheckBox::toggled);
-    shown.panel.setChoices({.nameOrder = 2, .seats = KWCanvas::Circular, .age = true});
+    shown.panel.setLook({.nameOrder = 2, .seats = {.display = KWCanvas::Circular, .age = true}});
     QCOMPARE(names.size() + seats.size() + age.size(), 0);
     QVERIFY(!shown.view.signalsBlocked());
 }
@@ -427,7 +417,7 @@ void TestKWFloorPlanViewFilterImpl::theSlotsWithoutAnEffectSaySo()
 void TestKWFloorPlanViewFilterImpl::aLanguageChangeBringsTheTextsAgainAndKeepsTheChoices()
 {
     PanelPlan shown;
-    shown.panel.setChoices({.nameOrder = 7, .seats = KWCanvas::Circular});
+    shown.panel.setLook({.nameOrder = 7, .seats = {.display = KWCanvas::Circular}});
     const BracketTranslator brackets;
     QTRY_COMPARE(child<QLabel>(shown.panel, "m_nameOrderLabel")->text(), s("[&Guest name:]"));
     QCOMPARE(shown.names->currentText(), s("[Seat reference]"));

@@ -62,7 +62,7 @@ private slots:
     {
         KWPlaceFinder finder({3000, 3000});
         finder.add(around({2000, 1500}, eight));
-        QCOMPARE(finder.freePlace({1000, 1500}, eight), QPoint(1000, 1500));
+        QCOMPARE(finder.freePlace({1000, 1500}, eight).centre, QPoint(1000, 1500));
     }
 
     void thePlaceWantedIsBroughtInsideTheCanvas_data()
@@ -86,7 +86,7 @@ private slots:
     {
         QFETCH(QSize, canvas);
         QFETCH(QPointF, wanted);
-        QTEST(KWPlaceFinder(canvas).freePlace(wanted, eight), "place");
+        QTEST(KWPlaceFinder(canvas).freePlace(wanted, eight).centre, "place");
     }
 
     void theRingsAreWalkedFromTheRightClockwise()
@@ -97,7 +97,7 @@ private slots:
         const QList<QPoint> places{{3000, 3000}, {3569, 3000}, {3284, 3493}, {2715, 3493},
                                    {2431, 3000}, {2716, 2507}, {3285, 2507}, {4138, 3000}};
         for (const QPoint &place : places) {
-            QCOMPARE(finder.freePlace({3000, 3000}, eight), place);
+            QCOMPARE(finder.freePlace({3000, 3000}, eight).centre, place);
             finder.add(around(place, eight));
         }
     }
@@ -108,15 +108,15 @@ private slots:
         const QSizeF head(308, 108);
         finder.add(around({3000, 3000}, head));
         // 708 by 508 with what stays free; 508 to the right its edge just touches the other.
-        QCOMPARE(finder.freePlace({3000, 3000}, head), QPoint(3508, 3000));
+        QCOMPARE(finder.freePlace({3000, 3000}, head).centre, QPoint(3508, 3000));
     }
 
     void tablesWhoseEdgesTouchDoNotCollide()
     {
         KWPlaceFinder touching({3000, 3000});
         touching.add(QRectF(0, 0, 1000, 3000));
-        QCOMPARE(touching.freePlace({1300, 1500}, {200, 200}), QPoint(1300, 1500));
-        QCOMPARE(touching.freePlace({1299.5, 1500}, {200, 200}), QPoint(1900, 1500));
+        QCOMPARE(touching.freePlace({1300, 1500}, {200, 200}).centre, QPoint(1300, 1500));
+        QCOMPARE(touching.freePlace({1299.5, 1500}, {200, 200}).centre, QPoint(1900, 1500));
     }
 
     void anAngleOutsideTheCanvasIsLost()
@@ -124,22 +124,32 @@ private slots:
         // At the right edge the first of the six places lies outside, the second one, too.
         KWPlaceFinder finder({3000, 3000});
         finder.add(around({2900, 1500}, eight));
-        QCOMPARE(finder.freePlace({2900, 1500}, eight), QPoint(2615, 1993));
+        QCOMPARE(finder.freePlace({2900, 1500}, eight).centre, QPoint(2615, 1993));
     }
 
     void aCentreOnTheEdgeOfTheCanvasIsInside()
     {
         KWPlaceFinder finder({2469, 3000});
         finder.add(around({1900, 1500}, eight));
-        QCOMPARE(finder.freePlace({1900, 1500}, eight), QPoint(2469, 1500));
+        QCOMPARE(finder.freePlace({1900, 1500}, eight).centre, QPoint(2469, 1500));
     }
 
     void inAFullRoomATableStaysAtItsClampedPlace()
     {
         KWPlaceFinder finder({2000, 1500});
         finder.add(QRectF(0, 0, 2000, 1500));
-        QCOMPARE(finder.freePlace({-50, 700}, eight), QPoint(100, 700));
-        QCOMPARE(finder.freePlace({5000, 5000}, eight), QPoint(1900, 1400));
+        QCOMPARE(finder.freePlace({-50, 700}, eight).centre, QPoint(100, 700));
+        QCOMPARE(finder.freePlace({5000, 5000}, eight).centre, QPoint(1900, 1400));
+    }
+
+    void whetherAPlaceIsFreeIsTold()
+    {
+        KWPlaceFinder finder({2000, 1500});
+        QVERIFY(finder.freePlace({1000, 700}, eight).isFree);
+        finder.add(QRectF(900, 700, 200, 200));
+        QVERIFY(finder.freePlace({1000, 700}, eight).isFree);
+        finder.add(QRectF(0, 0, 2000, 1500));
+        QVERIFY(!finder.freePlace({1000, 700}, eight).isFree);
     }
 
     void theSearchEndsWhereItPassesOneAndAHalfTimesTheLowerSide()
@@ -148,33 +158,33 @@ private slots:
         // be walked for it, and the first one leaves the low canvas far behind.
         KWPlaceFinder low({10'000, 200});
         low.add(QRectF(0, 0, 900, 200));
-        QCOMPARE(low.freePlace({100, 100}, eight), QPoint(100, 100));
+        QCOMPARE(low.freePlace({100, 100}, eight).centre, QPoint(100, 100));
         KWPlaceFinder higher({10'000, 400});
         higher.add(QRectF(0, 0, 900, 400));
-        QCOMPARE(higher.freePlace({100, 100}, eight), QPoint(1238, 100));
+        QCOMPARE(higher.freePlace({100, 100}, eight).centre, QPoint(1238, 100));
     }
 
     void aTableBeyondTheCanvasIsKeptClearOf()
     {
         KWPlaceFinder finder({3000, 3000});
         finder.add(QRectF(3050, 0, 5000, 3000));
-        QCOMPARE(finder.freePlace({2900, 1500}, eight), QPoint(2615, 1993));
+        QCOMPARE(finder.freePlace({2900, 1500}, eight).centre, QPoint(2615, 1993));
     }
 
     void aTableOfUnknownShapeTakesNoPlace()
     {
         KWPlaceFinder finder({3000, 3000});
         finder.add(KWTableGeometry(KWTable::ShapeCount, 8, 0, 0, 0).area({0, 0}));
-        QCOMPARE(finder.freePlace({100, 100}, eight), QPoint(100, 100));
+        QCOMPARE(finder.freePlace({100, 100}, eight).centre, QPoint(100, 100));
         for (const QSizeF &none : {QSizeF(), QSizeF(0, 0), QSizeF(-400, -1000)})
-            QCOMPARE(finder.freePlace({1500, 1500}, none), QPoint(1500, 1500));
+            QCOMPARE(finder.freePlace({1500, 1500}, none).centre, QPoint(1500, 1500));
     }
 
     void aCanvasOfNoSizeEndsTheSearch()
     {
         KWPlaceFinder finder({0, 0});
         finder.add(QRectF(-500, -500, 1000, 1000));
-        QCOMPARE(finder.freePlace({0, 0}, eight), QPoint(-100, -100));
+        QCOMPARE(finder.freePlace({0, 0}, eight).centre, QPoint(-100, -100));
     }
 
     void placesAreThoseOfThePlainSearch_data()
@@ -218,7 +228,7 @@ private slots:
                 const KWTableGeometry table = drawTable();
                 const QPointF wanted = i % 2 == 0 ? drawPoint() : QPointF(spread, spread) / 2;
                 const QSizeF size = table.area(wanted).size();
-                const QPoint place = finder.freePlace(wanted, size);
+                const QPoint place = finder.freePlace(wanted, size).centre;
                 QCOMPARE(place, plainSearch(canvas, tables, wanted, size));
                 add(table.area(place));
             }

@@ -142,6 +142,25 @@ private slots:
         QFETCH(double, ratio);
         QTEST(KWRoomGeometry::withAspect(bounds, ratio), "grown");
     }
+
+    void whatStandsOverTheEdgeIsWithinReachWithASeatOfAir_data()
+    {
+        QTest::addColumn<QRectF>("items");
+        QTest::addColumn<QRectF>("reach");
+        const QRectF room(0, 0, 2000, 1600);
+        QTest::newRow("nothing") << QRectF() << room;
+        QTest::newRow("inside") << QRectF(0, 0, 2000, 1600) << room;
+        QTest::newRow("left") << QRectF(-10, 200, 100, 100) << QRectF(-110, 0, 2110, 1600);
+        QTest::newRow("top") << QRectF(10, -1, 100, 100) << QRectF(0, -101, 2000, 1701);
+        QTest::newRow("right") << QRectF(1950, 200, 100, 100) << QRectF(0, 0, 2150, 1600);
+        QTest::newRow("bottom") << QRectF(10, 1550, 100, 100) << QRectF(0, 0, 2000, 1750);
+    }
+
+    void whatStandsOverTheEdgeIsWithinReachWithASeatOfAir()
+    {
+        QFETCH(QRectF, items);
+        QTEST(KWRoomGeometry::reach({2000, 1600}, items), "reach");
+    }
 };
 
 REGISTER_TEST(TestRoomGeometry)

@@ -227,6 +227,33 @@ private slots:
             QCOMPARE(after[(i + std::size_t(seatsMoved)) % after.size()], turned);
         }
     }
+
+    void theBoundsHoldTableAndSeats()
+    {
+        const KWTableGeometry head(KWTable::HeadTop, 3, 0, 0, 0);
+        QCOMPARE(head.bounds({1000, 2000}), QRectF(QPointF(846, 1850), QPointF(1154, 2054)));
+        const KWTableGeometry four(KWTable::Circular, 4, 0, 0, 0);
+        const QRectF bounds = four.bounds({});
+        QCOMPARE(bounds.top(), -175.);
+        QCOMPARE(qRound(bounds.bottom()), 175);
+        QCOMPARE(KWTableGeometry(KWTable::HeadTop, 0, 0, 0, 0).bounds({}),
+                 QRectF(-54, -54, 108, 108));
+        QVERIFY(KWTableGeometry(KWTable::ShapeCount, 8, 0, 0, 0).bounds({}).isEmpty());
+    }
+
+    void aRoundTableIsPaintedInItsCircleOnly()
+    {
+        // 161 across.
+        const KWTableGeometry round(KWTable::Circular, 8, 0, 0, 0);
+        QVERIFY(round.isPaintedAt({0, 0}));
+        QVERIFY(round.isPaintedAt({0, -81}));
+        QVERIFY(!round.isPaintedAt({0, -82}));
+        QVERIFY(round.isPaintedAt({-57, 57}));
+        QVERIFY(!round.isPaintedAt({58, 58}));
+        const KWTableGeometry square(KWTable::Rectangular, 2, 2, 0, 0);
+        QVERIFY(square.isPaintedAt({103, -103}));
+        QVERIFY(!square.isPaintedAt({105, 0}));
+    }
 };
 
 REGISTER_TEST(TestTableGeometry)

@@ -13,7 +13,7 @@
 
 namespace {
 
-using Choices = KWFloorPlanViewFilterImpl::Choices;
+using Look = KWFloorPlanLook;
 
 /// The window with two who should sit next to each other and do not.
 struct FloorPlanWindow : OpenWindow
@@ -58,25 +58,25 @@ struct FloorPlanWindow : OpenWindow
 };
 
 /// "7 1 gender vip"
-QString text(const Choices &choices)
+QString text(const Look &look)
 {
-    QStringList all{QString::number(choices.nameOrder), QString::number(choices.seats)};
+    QStringList all{QString::number(look.nameOrder), QString::number(look.seats.display)};
     const auto note = [&all](bool on, const char *name) {
         if (on)
             all.append(s(name));
     };
-    note(choices.gender, "gender");
-    note(choices.age, "age");
-    note(choices.vip, "vip");
-    note(choices.groups, "groups");
-    note(choices.locked, "locked");
+    note(look.seats.gender, "gender");
+    note(look.seats.age, "age");
+    note(look.seats.vip, "vip");
+    note(look.seats.groups, "groups");
+    note(look.seats.locked, "locked");
     return all.join(u' ');
 }
 } // namespace
 
 using Loss = std::function<void(FloorPlanWindow &)>;
 
-Q_DECLARE_METATYPE(Choices)
+Q_DECLARE_METATYPE(Look)
 Q_DECLARE_METATYPE(Loss)
 
 class TestFloorPlanPane : public QObject
@@ -107,44 +107,34 @@ private slots:
 
     void thePanelsChoicesComeBackFromTheFile_data()
     {
-        QTest::addColumn<Choices>("choices");
-        const auto row = [](const char *name, const Choices &choices) {
-            QTest::newRow(name) << choices;
-        };
-        row("order of names", {.nameOrder = 5});
-        row("seat reference", {.nameOrder = 7});
-        row("seats", {.seats = KWCanvas::NameOnly});
-        row("gender", {.gender = true});
-        row("age", {.age = true});
-        row("VIP", {.vip = true});
-        row("groups", {.groups = true});
-        row("locked", {.locked = true});
+        QTest::addColumn<Look>("look");
+        const auto row = [](const char *name, const Look &look) { QTest::newRow(name) << look; };
+        row("order of names", {.nameOrder = 5, .seats = {}});
+        row("seat reference", {.nameOrder = 7, .seats = {}});
+        row("seats", {.seats = {.display = KWCanvas::NameOnly}});
+        row("gender", {.seats = {.gender = true}});
+        row("age", {.seats = {.age = true}});
+        row("VIP", {.seats = {.vip = true}});
+        row("groups", {.seats = {.groups = true}});
+        row("locked", {.seats = {.locked = true}});
     }
 
     void thePanelsChoicesComeBackFromTheFile()
     {
-        QFETCH(Choices, choices);
+        QFETCH(Look, look);
         const PlanFolder folder;
         const QString path = folder.path(s("plan.kw"));
         FloorPlanWindow open;
-        open.panel().setChoices(choices);
+        open.panel().setLook(look);
         open.save(path);
         open.run("m_fileNewAction");
         // A new plan is shown as the one before it.
-        QCOMPARE(text(open.panel().choices()), text(choices));
-        open.panel().setChoices({});
+        QCOMPARE(text(open.panel().look()), text(look));
+        open.panel().setLook({});
         open.load(path);
-        QCOMPARE(text(open.panel().choices()), text(choices));
-        QCOMPARE(open.canvas().nameOrder(), choices.nameOrder);
-        const KWCanvas::Display &display = KWCanvas::display();
-        QCOMPARE(text({.nameOrder = choices.nameOrder,
-                       .seats = display.seats,
-                       .gender = display.showGender,
-                       .age = display.showAge,
-                       .vip = display.showVIP,
-                       .groups = display.showGroups,
-                       .locked = display.showLocked}),
-                 text(choices));
+        QCOMPARE(text(open.panel().look()), text(look));
+        QCOMPARE(open.canvas().nameOrder(), look.nameOrder);
+        QVERIFY(open.canvas().look() == look);
         QVERIFY(!open.plan().isModified());
     }
 
@@ -163,9 +153,9 @@ private slots:
         QVERIFY(open.plan().isModified());
         open.prompts.answer(s("&Save"));
         open.run("m_fileNewAction");
-        open.panel().setChoices({});
+        open.panel().setLook({});
         open.load(path);
-        QCOMPARE(text(open.panel().choices()), s("1 1 groups"));
+        QCOMPARE(text(open.panel().look()), s("1 1 groups"));
         QVERIFY(!open.plan().isModified());
     }
 
@@ -173,9 +163,9 @@ private slots:
     {
         const PlanFolder folder;
         FloorPlanWindow open;
-        open.panel().setChoices({.nameOrder = 3, .seats = KWCanvas::None});
+        open.panel().setLook({.nameOrder = 3, .seats = {.display = KWCanvas::None}});
         open.load(folder.writePlan(s("plain.kw")));
-        QCOMPARE(text(open.panel().choices()), s("0 0"));
+        QCOMPARE(text(open.panel().look()), s("0 0"));
         QVERIFY(!open.plan().isModified());
         QVERIFY(open.window.close());
     }

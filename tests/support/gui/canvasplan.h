@@ -22,12 +22,7 @@ inline QString lineColours(const KWCanvas &canvas)
 /// What is shown of seats is that of the process: this is how it is at the start.
 inline void resetSeats(KWCanvas &canvas)
 {
-    canvas.displaySeats(KWCanvas::CircularName);
-    canvas.showGender(false);
-    canvas.showAge(false);
-    canvas.showVIP(false);
-    canvas.showGroups(false);
-    canvas.showLocked(false);
+    canvas.setLook({});
 }
 
 /// A plan with its canvas; the room is 10 by 8 metres of chairs of half a metre.

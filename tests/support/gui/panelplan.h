@@ -85,16 +85,16 @@ struct PanelPlan : ShownPlan
 /// "gender age" of what the floor plan shows.
 inline QString shownFlags()
 {
-    const KWCanvas::Display &display = KWCanvas::display();
+    const KWFloorPlanLook::Seats &display = KWCanvas::display();
     QStringList names;
     const auto note = [&names](bool on, const char *name) {
         if (on)
             names.append(s(name));
     };
-    note(display.showGender, "gender");
-    note(display.showAge, "age");
-    note(display.showGroups, "groups");
-    note(display.showVIP, "vip");
-    note(display.showLocked, "locked");
+    note(display.gender, "gender");
+    note(display.age, "age");
+    note(display.groups, "groups");
+    note(display.vip, "vip");
+    note(display.locked, "locked");
     return names.join(u' ');
 }
