@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwdialog.h"
 
 #include <memory>
 
@@ -16,7 +16,7 @@ class KWGuestDlg;
 /// The dialog that inserts a guest with a group of their own, edits a guest with their group, or
 /// edits a group. What an opening has no use for is taken out of the form. The plan is written,
 /// after an undo point, only if the dialog is accepted and its checks are passed.
-class KWGuestDlgImpl : public QDialog
+class KWGuestDlgImpl : public KWDialog
 {
     Q_OBJECT
 
@@ -36,11 +36,7 @@ public slots:
     /// Inserts the guest and closes, as accept() does.
     void add();
     void autoUpdateGroupName();
-    void help();
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGuest *guest, KWGroup *group);
