@@ -62,7 +62,7 @@ QIcon themeIcon(const KWColours &colours, qreal pixelRatio)
 } // namespace
 
 KWColoursAndFontsDlgImpl::KWColoursAndFontsDlgImpl(QWidget *parent, KWDocument *document, Mode mode)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWColoursAndFontsDlg>())
     , m_document(document)
     , m_mode(mode)

@@ -2,7 +2,7 @@
 
 #include "gui/appearance/kwplancolours.h"
 #include "gui/appearance/kwthemefile.h"
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -17,7 +17,7 @@ class KWColoursAndFontsDlg;
 /// The dialog that changes the colours and the font of the floor plan or of a chart, and keeps them
 /// as themes. The plan is written, after an undo point, only if the dialog is accepted; themes are
 /// written at once.
-class KWColoursAndFontsDlgImpl : public KWDialog
+class KWColoursAndFontsDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

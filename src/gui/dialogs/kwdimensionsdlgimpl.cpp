@@ -24,7 +24,7 @@ double inAMetre(int units)
 } // namespace
 
 KWDimensionsDlgImpl::KWDimensionsDlgImpl(QWidget *parent, KWDocument *document)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWDimensionsDlg>())
     , m_document(document)
     , m_units(document->units() == KWPlanFields::Feet ? KWPlanFields::Feet : KWPlanFields::Metres)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <array>
 #include <memory>
@@ -14,7 +14,7 @@ class KWDimensionsDlg;
 
 /// The dialog for the size of the room and of a seat, in metres or feet. The plan is written, after
 /// an undo point, only if the dialog is accepted and its checks are passed.
-class KWDimensionsDlgImpl : public KWDialog
+class KWDimensionsDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 #include "ui_kwgettingstarteddlg.h"
 
 KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings *settings)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWGettingStartedDlg>())
     , m_settings(settings)
 {
@@ -54,7 +54,7 @@ void KWGettingStartedDlgImpl::languageChange()
 
 void KWGettingStartedDlgImpl::changeEvent(QEvent *event)
 {
-    KWDialog::changeEvent(event);
+    KWHelpDialog::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         fitText();
 }

@@ -44,7 +44,7 @@ KWGuestDlgImpl::KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGroup *g
 
 KWGuestDlgImpl::KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGuest *guest,
                                KWGroup *group)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWGuestDlg>())
     , m_document(document)
     , m_guest(guest)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -16,7 +16,7 @@ class KWGuestDlg;
 /// The dialog that inserts a guest with a group of their own, edits a guest with their group, or
 /// edits a group. What an opening has no use for is taken out of the form. The plan is written,
 /// after an undo point, only if the dialog is accepted and its checks are passed.
-class KWGuestDlgImpl : public KWDialog
+class KWGuestDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

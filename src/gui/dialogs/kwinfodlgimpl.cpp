@@ -19,7 +19,7 @@ int totalCost(int fixed, int perAdult, int adults, int perChild, int children)
 } // namespace
 
 KWInfoDlgImpl::KWInfoDlgImpl(QWidget *parent, KWDocument *document, std::function<QDate()> today)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWInfoDlg>())
     , m_document(document)
     , m_today(std::move(today))
@@ -180,7 +180,7 @@ void KWInfoDlgImpl::languageChange()
 
 void KWInfoDlgImpl::changeEvent(QEvent *event)
 {
-    KWDialog::changeEvent(event);
+    KWHelpDialog::changeEvent(event);
     if (event->type() == QEvent::LocaleChange)
         showFullYear();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <QDate>
 
@@ -16,7 +16,7 @@ class KWInfoDlg;
 /// The facts of the event, with the days until it and its costs worked out as they are edited.
 /// The guests are counted once: the plan does not change while the dialog is up. The plan is
 /// written, after an undo point, only if the dialog is accepted and a field was touched.
-class KWInfoDlgImpl : public KWDialog
+class KWInfoDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

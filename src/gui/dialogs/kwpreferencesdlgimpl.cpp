@@ -70,7 +70,7 @@ std::array<Criterion, 3> criteria(const Ui::KWPreferencesDlg &ui)
 } // namespace
 
 KWPreferencesDlgImpl::KWPreferencesDlgImpl(QWidget *parent, KWUserSettings *settings)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWPreferencesDlg>())
     , m_settings(settings)
 {
@@ -125,5 +125,5 @@ bool KWPreferencesDlgImpl::eventFilter(QObject *watched, QEvent *event)
         else if (watched == m_ui->m_solverGenerationsLabel)
             m_ui->m_solverGenerationsRadioButton->setChecked(true);
     }
-    return KWDialog::eventFilter(watched, event);
+    return KWHelpDialog::eventFilter(watched, event);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ class KWPreferencesDlg;
 
 /// The dialog over what the user may set for all plans. The settings are the caller's; they change
 /// only when the dialog is accepted. Whoever runs it sets up the timed backup anew afterwards.
-class KWPreferencesDlgImpl : public KWDialog
+class KWPreferencesDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

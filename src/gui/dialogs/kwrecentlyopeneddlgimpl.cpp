@@ -18,7 +18,7 @@ QString absoluteNativePath(const QString &path)
 
 KWRecentlyOpenedDlgImpl::KWRecentlyOpenedDlgImpl(QWidget *parent, const QStringList &paths,
                                                  const QString &openPlan, KWUserSettings *settings)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWRecentlyOpenedDlg>())
     , m_settings(settings)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <QStringList>
 
@@ -15,7 +15,7 @@ class KWRecentlyOpenedDlg;
 /// Lets the user pick one of the recent plans. Those that are gone from the disk and the open one
 /// are left out of sight; the caller's list and the settings keep them. However the dialog is
 /// closed, its check box is written to the settings.
-class KWRecentlyOpenedDlgImpl : public KWDialog
+class KWRecentlyOpenedDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

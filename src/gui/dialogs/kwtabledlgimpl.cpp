@@ -39,7 +39,7 @@ KWTableDlgImpl::KWTableDlgImpl(QWidget *parent, KWDocument *document, KWTable *t
 }
 
 KWTableDlgImpl::KWTableDlgImpl(QWidget *parent, KWDocument *document, KWTable *table, int shape)
-    : KWDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWTableDlg>())
     , m_document(document)
     , m_table(table)

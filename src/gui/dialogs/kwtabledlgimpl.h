@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/model/kwtable.h"
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -15,7 +15,7 @@ class KWTableDlg;
 /// The dialog that inserts one or several tables of one kind, or edits a table. It keeps the seats
 /// of the sides and their total in step with the shape. The plan is written, after an undo point,
 /// only if the dialog is accepted and its checks are passed.
-class KWTableDlgImpl : public KWDialog
+class KWTableDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

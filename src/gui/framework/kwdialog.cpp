@@ -1,8 +1,6 @@
 #include "gui/framework/kwdialog.h"
 
 #include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwonelinetext.h"
 #include "gui/framework/kwwhatsthishelper.h"
 
@@ -10,27 +8,16 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QShortcutEvent>
 
-void KWDialog::finish(const QString &helpTopic, const QPushButton *helpButton)
+void KWDialog::finish()
 {
-    m_helpTopic = helpTopic;
-    if (!m_helpTopic.isEmpty())
-        addAccel(this, Qt::Key_F1, this, &KWDialog::help);
-    if (helpButton)
-        connect(helpButton, &QPushButton::clicked, this, &KWDialog::help);
     passBuddiesOn();
     watchBoxes();
     keepFieldsToOneLine();
     new KWWhatsThisHelper(this);
     new KWStyleHelper(this);
-}
-
-void KWDialog::help()
-{
-    showHelpTopic(m_helpTopic);
 }
 
 // A reader tells of the label what has the focus, which may be a part of the label's buddy.

@@ -7,7 +7,7 @@ KWGetStringDlgImpl::KWGetStringDlgImpl(QWidget *parent, const QString &caption,
                                        bool allowEmpty, const QString &helpTopic,
                                        const QPixmap &icon, const QString &name, bool modal,
                                        Qt::WindowFlags flags)
-    : KWDialog(parent, flags)
+    : KWHelpDialog(parent, flags)
     , m_ui(std::make_unique<Ui::KWGetStringDlg>())
     , m_allowEmpty(allowEmpty)
 {

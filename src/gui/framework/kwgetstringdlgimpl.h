@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class KWGetStringDlg;
 /// Asks for one line of text. With `allowEmpty` false the user can only accept some text, be it a
 /// blank. Without a help topic there is no help button. Without a picture for its icon the dialog
 /// takes its parent's.
-class KWGetStringDlgImpl : public KWDialog
+class KWGetStringDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 

@@ -1,13 +1,13 @@
 #include "gui/appearance/kwstylehelper.h"
 #include "gui/framework/kwcolourbutton.h"
-#include "gui/framework/kwdialog.h"
+#include "gui/framework/kwhelpdialog.h"
 #include "support/gui/dialogtest.h"
 #include "support/registeredtest.h"
 #include "support/testplan.h"
 
 namespace {
 
-class Dialog : public KWDialog
+class Dialog : public KWHelpDialog
 {
 public:
     explicit Dialog(const QString &topic = {})
