@@ -57,7 +57,10 @@ QIcon themeIcon(const KWColours &colours, qreal pixelRatio)
         painter.drawRect(part);
         part.translate(part.width(), 0);
     }
-    return picture;
+    QIcon icon(picture);
+    // Or it would be tinted where it is selected.
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
 }
 } // namespace
 

@@ -121,11 +121,14 @@ private slots:
     {
         writeOwnThemes(lineOfManyColours("Blue") + "\r\n");
         const OpenColours open;
-        const QImage icon = open.dialog.list->item(0)->icon().pixmap({31, 14}).toImage();
         const KWColours colours = manyColours();
-        QCOMPARE(icon.pixelColor(5, 7), colours.inside);
-        QCOMPARE(icon.pixelColor(15, 7), colours.tables);
-        QCOMPARE(icon.pixelColor(25, 7), colours.seats);
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) {
+            const QIcon icon = open.dialog.list->item(0)->icon();
+            const QImage picture = icon.pixmap({31, 14}, mode).toImage();
+            QCOMPARE(picture.pixelColor(5, 7), colours.inside);
+            QCOMPARE(picture.pixelColor(15, 7), colours.tables);
+            QCOMPARE(picture.pixelColor(25, 7), colours.seats);
+        }
     }
 
     void theThemeThatWasLoadedStaysCurrent()
