@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QTextEdit>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -30,6 +31,7 @@ KWFindBar::KWFindBar(QTextEdit *text, QWidget *parent)
     m_wordsEdit->setObjectName(QStringLiteral("wordsEdit"));
     m_wordsEdit->setToolTip(tr("Words to look for"));
     m_wordsEdit->setClearButtonEnabled(true);
+    m_wordsEdit->setMinimumWidth(16 * fontMetrics().averageCharWidth());
     m_wordsEdit->setMaximumWidth(300);
     m_resultLabel->setObjectName(QStringLiteral("resultLabel"));
     QToolButton *previous =
@@ -37,14 +39,18 @@ KWFindBar::KWFindBar(QTextEdit *text, QWidget *parent)
     QToolButton *next = button(this, tr("Next"), tr("Find the words further down (F3)"));
     QToolButton *close = button(this, tr("Done"), tr("Stop looking for words (Esc)"));
 
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(6, 3, 6, 3);
+    auto *row = new QHBoxLayout;
     row->addWidget(label);
     row->addWidget(m_wordsEdit, 1);
     row->addWidget(previous);
     row->addWidget(next);
-    row->addWidget(m_resultLabel, 1);
+    row->addStretch();
     row->addWidget(close);
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(6, 3, 6, 3);
+    rows->addLayout(row);
+    rows->addWidget(m_resultLabel);
+    m_resultLabel->hide();
 
     connect(m_wordsEdit, &QLineEdit::textChanged, this, &KWFindBar::findAsTyped);
     connect(m_wordsEdit, &QLineEdit::returnPressed, this, &KWFindBar::findNext);
@@ -83,9 +89,16 @@ void KWFindBar::findAsTyped()
     QTextCursor cursor = m_text->textCursor();
     cursor.setPosition(cursor.selectionStart());
     m_text->setTextCursor(cursor);
-    m_resultLabel->clear();
+    tell({});
     if (!m_wordsEdit->text().isEmpty())
         find({});
+}
+
+// In a row of its own, for which a narrow window has no room beside the words.
+void KWFindBar::tell(const QString &result)
+{
+    m_resultLabel->setText(result);
+    m_resultLabel->setVisible(!result.isEmpty());
 }
 
 void KWFindBar::find(QTextDocument::FindFlags flags)
@@ -95,7 +108,7 @@ void KWFindBar::find(QTextDocument::FindFlags flags)
         start();
         return;
     }
-    m_resultLabel->clear();
+    tell({});
     if (m_text->find(words, flags))
         return;
 
@@ -103,10 +116,10 @@ void KWFindBar::find(QTextDocument::FindFlags flags)
     const bool backward = flags.testFlag(QTextDocument::FindBackward);
     m_text->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
     if (m_text->find(words, flags)) {
-        m_resultLabel->setText(backward ? tr("Went on from the end of the page")
-                                        : tr("Went on from the top of the page"));
+        tell(backward ? tr("Went on from the end of the page")
+                      : tr("Went on from the top of the page"));
     } else {
         m_text->setTextCursor(before);
-        m_resultLabel->setText(tr("Not found on this page"));
+        tell(tr("Not found on this page"));
     }
 }

@@ -27,6 +27,7 @@ public:
 
 private:
     void findAsTyped();
+    void tell(const QString &result);
     void find(QTextDocument::FindFlags flags);
 
     QTextEdit *m_text;
