@@ -34,23 +34,26 @@ KWFindBar::KWFindBar(QTextEdit *text, QWidget *parent)
     m_wordsEdit->setMinimumWidth(16 * fontMetrics().averageCharWidth());
     m_wordsEdit->setMaximumWidth(300);
     m_resultLabel->setObjectName(QStringLiteral("resultLabel"));
+    m_resultLabel->setWordWrap(true);
     QToolButton *previous =
         button(this, tr("Previous"), tr("Find the words further up (Shift+F3)"));
     QToolButton *next = button(this, tr("Next"), tr("Find the words further down (F3)"));
     QToolButton *close = button(this, tr("Done"), tr("Stop looking for words (Esc)"));
 
-    auto *row = new QHBoxLayout;
-    row->addWidget(label);
-    row->addWidget(m_wordsEdit, 1);
-    row->addWidget(previous);
-    row->addWidget(next);
-    row->addStretch();
-    row->addWidget(close);
+    // In two rows, since the window is narrow beside a dialog.
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(6, 3, 6, 3);
-    rows->addLayout(row);
-    rows->addWidget(m_resultLabel);
-    m_resultLabel->hide();
+    auto *words = new QHBoxLayout;
+    words->addWidget(label);
+    words->addWidget(m_wordsEdit, 1);
+    words->addStretch();
+    words->addWidget(close);
+    rows->addLayout(words);
+    auto *places = new QHBoxLayout;
+    places->addWidget(previous);
+    places->addWidget(next);
+    places->addWidget(m_resultLabel, 1);
+    rows->addLayout(places);
 
     connect(m_wordsEdit, &QLineEdit::textChanged, this, &KWFindBar::findAsTyped);
     connect(m_wordsEdit, &QLineEdit::returnPressed, this, &KWFindBar::findNext);
@@ -89,16 +92,9 @@ void KWFindBar::findAsTyped()
     QTextCursor cursor = m_text->textCursor();
     cursor.setPosition(cursor.selectionStart());
     m_text->setTextCursor(cursor);
-    tell({});
+    m_resultLabel->clear();
     if (!m_wordsEdit->text().isEmpty())
         find({});
-}
-
-// In a row of its own, for which a narrow window has no room beside the words.
-void KWFindBar::tell(const QString &result)
-{
-    m_resultLabel->setText(result);
-    m_resultLabel->setVisible(!result.isEmpty());
 }
 
 void KWFindBar::find(QTextDocument::FindFlags flags)
@@ -108,7 +104,7 @@ void KWFindBar::find(QTextDocument::FindFlags flags)
         start();
         return;
     }
-    tell({});
+    m_resultLabel->clear();
     if (m_text->find(words, flags))
         return;
 
@@ -116,10 +112,10 @@ void KWFindBar::find(QTextDocument::FindFlags flags)
     const bool backward = flags.testFlag(QTextDocument::FindBackward);
     m_text->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
     if (m_text->find(words, flags)) {
-        tell(backward ? tr("Went on from the end of the page")
-                      : tr("Went on from the top of the page"));
+        m_resultLabel->setText(backward ? tr("Went on from the end of the page")
+                                        : tr("Went on from the top of the page"));
     } else {
         m_text->setTextCursor(before);
-        tell(tr("Not found on this page"));
+        m_resultLabel->setText(tr("Not found on this page"));
     }
 }

@@ -27,7 +27,6 @@ public:
 
 private:
     void findAsTyped();
-    void tell(const QString &result);
     void find(QTextDocument::FindFlags flags);
 
     QTextEdit *m_text;

@@ -5,6 +5,8 @@
 #include "gui/dialogs/kwpreferencesdlgimpl.h"
 #include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
 #include "gui/framework/kwbusy.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
 #include "gui/framework/kwprompts.h"
@@ -14,6 +16,8 @@
 #include "gui/shell/kweditcommands.h"
 #include "gui/shell/kwpanes.h"
 #include "ui_kwmainwin.h"
+
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +62,10 @@ KWFileCommands::KWFileCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow 
     connect(ui->m_fileSaveAsAction, &QAction::triggered, this, &Commands::fileSaveAs);
     connect(ui->m_fileInfo, &QAction::triggered, this, &Commands::fileInformation);
     connect(ui->m_preferencesAction, &QAction::triggered, this, &Commands::preferences);
+    setExampleOpener([commands = QPointer(this)](const QString &path) {
+        if (commands)
+            commands->openExample(path);
+    });
 }
 
 QString KWFileCommands::planDirPath() const
@@ -125,12 +133,29 @@ void KWFileCommands::fileOpen()
         tr("Ambrelune (*.%1);;Ambrelune backup (*.%2)").arg(planExtension(), backupExtension());
     const QString path = prompts()
                              .askFile(m_window->widget(), {KWFileQuestion::Open, tr("Open"),
-                                                           planDirPath(), filters, u"open plan"_s})
+                                                           openDirPath(), filters, u"open plan"_s})
                              .path;
     if (path.isEmpty())
         return;
     m_planDir = QFileInfo(path).absoluteDir();
     openPlan(path);
+}
+
+void KWFileCommands::openExample(const QString &path)
+{
+    if (!maySaveAndClose())
+        return;
+    openPlan(path);
+    m_window->widget()->activateWindow();
+}
+
+QString KWFileCommands::openDirPath() const
+{
+    const bool knowsNoPlan =
+        m_recentFiles.isEmpty() && docPath().isEmpty() && m_planDir == QDir::current() &&
+        m_planDir.entryList({u"*."_s + planExtension()}, QDir::Files).isEmpty();
+    return knowsNoPlan && QFileInfo(exampleDirectory()).isDir() ? exampleDirectory()
+                                                                : planDirPath();
 }
 
 void KWFileCommands::openPlan(const QString &path)

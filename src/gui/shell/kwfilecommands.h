@@ -38,6 +38,9 @@ public:
     /// Replaces the plan by a file's and tells of all that goes wrong; after a failure the plan is
     /// empty and has no file.
     void openPlan(const QString &path);
+    /// Opens a plan that a page of the help offers, if the user does not want to keep the present
+    /// one.
+    void openExample(const QString &path);
     /// Saves the plan and tells of a failure; the plan then stays modified.
     void savePlan(const QString &path);
     /// Copies the file of a plan to one beside it with the time in its name.
@@ -77,6 +80,8 @@ public slots:
 private:
     enum SaveAnswer { Save, DontSave, Cancel };
     SaveAnswer askToSave();
+    /// Where opening begins: a user who has no plan yet is shown the examples.
+    QString openDirPath() const;
     /// The result of KWDocument::load(), which is left to read files only.
     int loadPlan(const QString &path, KWViewSettings &settings, bool &otherVersion);
     void reportLoadResult(int result, const QString &path);
