@@ -19,6 +19,8 @@ struct KWColours
     QFont font;
     QColor selected = highlightColour();
 
+    bool operator==(const KWColours &) const = default;
+
     /// The application's own colour of what is selected.
     static QColor highlightColour()
     {

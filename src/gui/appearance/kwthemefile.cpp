@@ -33,14 +33,12 @@ KWTheme whiteTheme()
 /// White unless there are three numbers; each is brought into 0..255.
 QColor toColour(const QString &text)
 {
-    QList<int> parts;
-    for (const QString &part : text.split(u',')) {
-        bool isNumber = false;
-        parts.append(qBound(0, part.toInt(&isNumber), 255));
-        if (!isNumber)
-            return Qt::white;
-    }
-    return parts.size() == 3 ? QColor(parts[0], parts[1], parts[2]) : QColor(Qt::white);
+    const auto isNumber = [](const QString &part) {
+        bool ok = false;
+        part.toInt(&ok);
+        return ok;
+    };
+    return std::ranges::all_of(text.split(u','), isNumber) ? KWPlanText::toColour(text) : Qt::white;
 }
 
 /// A field without what would end it or its line.
@@ -75,12 +73,25 @@ QList<QByteArray> toLines(const QByteArray &bytes)
     return lines;
 }
 
-QString nameIn(const QByteArray &line)
+/// A line that is no UTF-8 comes from a program that wrote Latin-1.
+QString toText(const QByteArray &line)
 {
-    return KWThemeFile::nameOf(QString::fromUtf8(line));
+    return line.isValidUtf8() ? QString::fromUtf8(line) : QString::fromLatin1(line);
 }
 
-bool contains(const QStringList &names, const QString &name)
+QString nameIn(const QByteArray &line)
+{
+    return KWThemeFile::nameOf(toText(line));
+}
+
+KWTheme themeIn(const QByteArray &line)
+{
+    KWTheme theme = whiteTheme();
+    KWThemeFile::readLine(toText(line), theme);
+    return theme;
+}
+
+bool isListed(const QStringList &names, const QString &name)
 {
     return std::ranges::any_of(
         names, [&](const QString &other) { return KWThemeFile::isSameName(name, other); });
@@ -153,20 +164,34 @@ QString KWThemeFile::toLine(const KWTheme &theme)
     return fields.join(separator);
 }
 
-QStringList KWThemeFile::names() const
+QList<KWTheme> KWThemeFile::themes() const
 {
-    QStringList names;
+    QList<KWTheme> themes;
     if (const auto bytes = content(path())) {
-        for (const QByteArray &line : toLines(*bytes))
-            names.append(nameIn(line));
-        names.removeAll(QString());
+        for (const QByteArray &line : toLines(*bytes)) {
+            if (KWTheme theme = themeIn(line); !theme.name.isEmpty())
+                themes.append(theme);
+        }
     } else {
         logFailure(u"Unable to read themes from '%1'"_s, path());
     }
     QCollator collator;
     collator.setCaseSensitivity(Qt::CaseInsensitive);
-    std::ranges::stable_sort(names, collator);
+    std::ranges::stable_sort(themes, collator, &KWTheme::name);
+    return themes;
+}
+
+QStringList KWThemeFile::names() const
+{
+    QStringList names;
+    for (const KWTheme &theme : themes())
+        names.append(theme.name);
     return names;
+}
+
+bool KWThemeFile::contains(const QString &name) const
+{
+    return isListed(names(), name);
 }
 
 KWThemeFile::Result KWThemeFile::load(const QString &name, KWTheme &theme) const
@@ -177,8 +202,7 @@ KWThemeFile::Result KWThemeFile::load(const QString &name, KWTheme &theme) const
     for (const QByteArray &line : toLines(*bytes)) {
         if (!isSameName(nameIn(line), name))
             continue;
-        theme = whiteTheme();
-        readLine(QString::fromUtf8(line), theme);
+        theme = themeIn(line);
         return Done;
     }
     return NotFound;
@@ -254,7 +278,7 @@ bool KWThemeFile::takeUpdate(const Lines &update) const
         all.append(nameIn(line));
     for (const QByteArray &line : update) {
         const QString name = nameIn(line);
-        if (name.isEmpty() || contains(all, name))
+        if (name.isEmpty() || isListed(all, name))
             continue;
         all.append(name);
         lines->append(line);

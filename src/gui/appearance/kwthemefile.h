@@ -37,8 +37,10 @@ public:
     /// The file that is written.
     QString ownPath() const { return m_ownDirectory + fileName(); }
 
-    /// The names of all themes as the language sorts them. Failures are only logged.
+    /// All themes by name, as the language sorts them. Failures are only logged.
+    QList<KWTheme> themes() const;
     QStringList names() const;
+    bool contains(const QString &name) const;
     /// Takes in what an update of the program has brought, once. Failures are only logged.
     void takeUpdates();
     /// The first theme of that name. What the file does not say is white, or the default font.

@@ -1,11 +1,9 @@
 #include "gui/dialogs/kwaboutdlgimpl.h"
 
 #include "gui/appearance/kwpixmaps.h"
-#include "gui/appearance/kwstylehelper.h"
 #include "gui/dialogs/kwbuildstamp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwwebpage.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwaboutdlg.h"
 
 #include <QPainter>
@@ -40,7 +38,7 @@ QPixmap titlePicture(const QWidget *widget, const QString &text, qreal scale,
 } // namespace
 
 KWAboutDlgImpl::KWAboutDlgImpl(QWidget *parent)
-    : QDialog(parent)
+    : KWDialog(parent)
     , m_ui(std::make_unique<Ui::KWAboutDlg>())
 {
     m_ui->setupUi(this);
@@ -50,8 +48,7 @@ KWAboutDlgImpl::KWAboutDlgImpl(QWidget *parent)
     new KWShowWebPage(m_ui->m_productLabel, webPage(QStringLiteral("home")));
     new KWShowWebPage(m_ui->m_veltraceLabel, webPage(QStringLiteral("veltrace")));
     new KWShowWebPage(m_ui->m_toolkitLabel, webPage(QStringLiteral("toolkit")));
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish();
 }
 
 KWAboutDlgImpl::~KWAboutDlgImpl() = default;
@@ -74,11 +71,8 @@ void KWAboutDlgImpl::languageChange()
 
 void KWAboutDlgImpl::changeEvent(QEvent *event)
 {
-    QDialog::changeEvent(event);
+    KWDialog::changeEvent(event);
     switch (event->type()) {
-    case QEvent::LanguageChange:
-        languageChange();
-        break;
     case QEvent::PaletteChange:
     case QEvent::FontChange:
     case QEvent::StyleChange:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwdialog.h"
 
 #include <memory>
 
@@ -10,7 +10,7 @@ class KWAboutDlg;
 
 /// Tells the version and who made the program; its three pictures open the web pages of the
 /// product, the maker and the toolkit.
-class KWAboutDlgImpl : public QDialog
+class KWAboutDlgImpl : public KWDialog
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     ~KWAboutDlgImpl() override;
 
 public slots:
-    void languageChange();
+    void languageChange() override;
 
 protected:
     void changeEvent(QEvent *event) override;

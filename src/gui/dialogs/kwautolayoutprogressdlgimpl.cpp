@@ -3,17 +3,15 @@
 #include "core/autolayout/kwautolayout.h"
 #include "core/autolayout/kwgaevent.h"
 #include "core/model/kwdocument.h"
-#include "gui/appearance/kwstylehelper.h"
 #include "gui/framework/kwaccel.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwusersettings.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwautolayoutprogressdlg.h"
 
 #include <QCloseEvent>
 
 KWAutoLayoutProgressDlgImpl::KWAutoLayoutProgressDlgImpl(QWidget *parent, KWDocument *document)
-    : QDialog(parent)
+    : KWDialog(parent)
     , m_ui(std::make_unique<Ui::KWAutoLayoutProgressDlg>())
     , m_document(document)
 {
@@ -22,8 +20,7 @@ KWAutoLayoutProgressDlgImpl::KWAutoLayoutProgressDlgImpl(QWidget *parent, KWDocu
     m_ui->m_startScoreLabel->setText(score);
     m_ui->m_currentScoreLabel->setText(score);
     addAccel(this, Qt::Key_Escape, this, &QWidget::close);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish();
 }
 
 KWAutoLayoutProgressDlgImpl::~KWAutoLayoutProgressDlgImpl() = default;
@@ -53,17 +50,15 @@ void KWAutoLayoutProgressDlgImpl::updateCurrentScore(int score)
     m_ui->m_currentScoreLabel->setText(QString::number(score));
 }
 
+void KWAutoLayoutProgressDlgImpl::languageChange()
+{
+    m_ui->retranslateUi(this);
+}
+
 void KWAutoLayoutProgressDlgImpl::closeEvent(QCloseEvent *event)
 {
     m_document->abortProcessing();
     QDialog::closeEvent(event);
-}
-
-void KWAutoLayoutProgressDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        m_ui->retranslateUi(this);
 }
 
 void KWAutoLayoutProgressDlgImpl::customEvent(QEvent *event)

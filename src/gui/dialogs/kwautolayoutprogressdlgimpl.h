@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwdialog.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ class KWAutoLayoutProgressDlg;
 
 /// Runs the layout of a plan, shows how it gets on and lets the user stop it. Every way to close it
 /// stops the layout, which then keeps the best seating so far.
-class KWAutoLayoutProgressDlgImpl : public QDialog
+class KWAutoLayoutProgressDlgImpl : public KWDialog
 {
     Q_OBJECT
 
@@ -29,10 +29,10 @@ public slots:
     /// Any change is a sign of life; there is no end to be seen.
     void updateProgress(int progress);
     void updateCurrentScore(int score);
+    void languageChange() override;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void changeEvent(QEvent *event) override;
     void customEvent(QEvent *event) override;
 
 private:

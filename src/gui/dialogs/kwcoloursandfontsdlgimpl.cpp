@@ -2,18 +2,15 @@
 
 #include "core/model/kwdocument.h"
 #include "gui/appearance/kwcolourpreview.h"
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
 #include "gui/framework/kwdatadirectory.h"
 #include "gui/framework/kwgetstringdlgimpl.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
 #include "gui/framework/kwprompts.h"
 #include "gui/framework/kwwebpage.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwcoloursandfontsdlg.h"
 
+#include <QPainter>
 #include <QTextCursor>
 #include <QTextEdit>
 
@@ -21,93 +18,71 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Mode = KWColoursAndFontsDlgImpl::Mode;
+using Mode = KWPlanColours::Mode;
 
-/// A button, the colour of the plan that it changes, and that colour's place in a theme.
+/// A button and the colour that it changes.
 struct Part
 {
     KWColourButton *button;
     QColor KWColours::*colour;
-    QColor (KWDocument::*get)() const;
-    void (KWDocument::*set)(const QColor &);
 };
 
 QList<Part> parts(const Ui::KWColoursAndFontsDlg &ui, Mode mode)
 {
     using C = KWColours;
-    using D = KWDocument;
-    KWColourButton *background = ui.m_chartBackgroundColourButton;
-    KWColourButton *text = ui.m_chartTextColourButton;
-    if (mode == Mode::TableChart)
-        return {{background, &C::inside, &D::tableChartColourBackground,
-                 &D::setTableChartColourBackground},
-                {text, &C::tableText, &D::tableChartColourText, &D::setTableChartColourText}};
-    if (mode == Mode::GuestChart)
-        return {{background, &C::inside, &D::guestChartColourBackground,
-                 &D::setGuestChartColourBackground},
-                {text, &C::tableText, &D::guestChartColourText, &D::setGuestChartColourText}};
+    if (mode != Mode::FloorPlan)
+        return {{ui.m_chartBackgroundColourButton, &C::inside},
+                {ui.m_chartTextColourButton, &C::tableText}};
     return {
-        {ui.m_seatsColourButton, &C::seats, &D::floorplanColourSeats, &D::setFloorplanColourSeats},
-        {ui.m_seatEdgeColourButton, &C::seatsEdge, &D::floorplanColourSeatsEdge,
-         &D::setFloorplanColourSeatsEdge},
-        {ui.m_tablesColourButton, &C::tables, &D::floorplanColourTables,
-         &D::setFloorplanColourTables},
-        {ui.m_tableEdgeColourButton, &C::tablesEdge, &D::floorplanColourTablesEdge,
-         &D::setFloorplanColourTablesEdge},
-        {ui.m_insideColourButton, &C::inside, &D::floorplanColourInside,
-         &D::setFloorplanColourInside},
-        {ui.m_outsideColourButton, &C::outside, &D::floorplanColourOutside,
-         &D::setFloorplanColourOutside},
-        {ui.m_seatTextColourButton, &C::seatsText, &D::floorplanColourSeatsText,
-         &D::setFloorplanColourSeatsText},
-        {ui.m_tableTextColourButton, &C::tableText, &D::floorplanColourTableText,
-         &D::setFloorplanColourTableText},
-        {ui.m_selectedColourButton, &C::selected, &D::floorplanColourSelected,
-         &D::setFloorplanColourSelected},
-    };
+        {ui.m_seatsColourButton, &C::seats},        {ui.m_seatEdgeColourButton, &C::seatsEdge},
+        {ui.m_tablesColourButton, &C::tables},      {ui.m_tableEdgeColourButton, &C::tablesEdge},
+        {ui.m_insideColourButton, &C::inside},      {ui.m_outsideColourButton, &C::outside},
+        {ui.m_seatTextColourButton, &C::seatsText}, {ui.m_tableTextColourButton, &C::tableText},
+        {ui.m_selectedColourButton, &C::selected}};
 }
 
-struct FontOfPlan
-{
-    QFont (KWDocument::*get)() const;
-    void (KWDocument::*set)(const QFont &);
-};
+constexpr QSize themeIconSize(31, 14);
 
-FontOfPlan fontOfPlan(Mode mode)
+/// The theme's room, table and seats, side by side.
+QIcon themeIcon(const KWColours &colours, qreal pixelRatio)
 {
-    using D = KWDocument;
-    if (mode == Mode::TableChart)
-        return {&D::tableChartFont, &D::setTableChartFont};
-    if (mode == Mode::GuestChart)
-        return {&D::guestChartFont, &D::setGuestChartFont};
-    return {&D::floorPlanFont, &D::setFloorPlanFont};
-}
-
-/// A plan that has no such colour is given the application's.
-QColor selectedColour(KWDocument &plan)
-{
-    if (!plan.floorplanColourSelected().isValid())
-        plan.setFloorplanColourSelected(KWColours::highlightColour());
-    return plan.floorplanColourSelected();
+    QPixmap picture(themeIconSize * pixelRatio);
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setPen(Qt::gray);
+    QRect part(0, 0, themeIconSize.width() / 3, themeIconSize.height() - 1);
+    for (const QColor &colour : {colours.inside, colours.tables, colours.seats}) {
+        painter.setBrush(colour);
+        painter.drawRect(part);
+        part.translate(part.width(), 0);
+    }
+    QIcon icon(picture);
+    // Or it would be tinted where it is selected.
+    icon.addPixmap(picture, QIcon::Selected);
+    return icon;
 }
 } // namespace
 
 KWColoursAndFontsDlgImpl::KWColoursAndFontsDlgImpl(QWidget *parent, KWDocument *document, Mode mode)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWColoursAndFontsDlg>())
     , m_document(document)
     , m_mode(mode)
     , m_themes(userDataDirectory(), dataDirectory() + u"/themes"_s)
 {
     m_ui->setupUi(this);
+    m_ui->m_themeListBox->setIconSize(themeIconSize);
     connectParts();
-    showColours(coloursOfPlan());
+    const KWColours colours = KWPlanColours::coloursOf(*m_document, m_mode);
+    // A plan that has no such colour is given the application's.
+    if (m_mode == FloorPlan)
+        m_document->setFloorplanColourSelected(colours.selected);
+    showColours(colours);
     hideUnused();
     updatePreview();
     listThemes();
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
-    addAccel(this, Qt::Key_F1, this, &KWColoursAndFontsDlgImpl::help);
+    finish(u"Fonts_and_colours_window.htm"_s, m_ui->m_helpButton);
 }
 
 KWColoursAndFontsDlgImpl::~KWColoursAndFontsDlgImpl() = default;
@@ -122,13 +97,13 @@ void KWColoursAndFontsDlgImpl::connectParts()
     connect(ui.m_moreFontsButton, &QPushButton::clicked, this, &Dlg::moreFonts);
     connect(ui.m_defaultButton, &QPushButton::clicked, this, &Dlg::setDefault);
     connect(ui.m_themeListBox, &QListWidget::currentItemChanged, this, &Dlg::updateButtonStatus);
-    connect(ui.m_themeListBox, &QListWidget::itemSelectionChanged, this, &Dlg::updateButtonStatus);
+    connect(ui.m_themeListBox, &QListWidget::currentItemChanged, this, &Dlg::selectCurrentTheme);
+    connect(ui.m_themeListBox, &QListWidget::itemSelectionChanged, this, &Dlg::selectCurrentTheme);
     connect(ui.m_themeListBox, &QListWidget::itemDoubleClicked, this, &Dlg::loadTheme);
     connect(ui.m_loadThemeButton, &QPushButton::clicked, this, &Dlg::loadTheme);
     connect(ui.m_saveThemeButton, &QPushButton::clicked, this, &Dlg::saveTheme);
     connect(ui.m_deleteThemeButton, &QPushButton::clicked, this, &Dlg::deleteTheme);
     connect(ui.m_okButton, &QPushButton::clicked, this, &Dlg::apply);
-    connect(ui.m_helpButton, &QPushButton::clicked, this, &Dlg::help);
 }
 
 void KWColoursAndFontsDlgImpl::hideUnused()
@@ -157,17 +132,6 @@ void KWColoursAndFontsDlgImpl::hideUnused()
         widget->hide();
 }
 
-KWColours KWColoursAndFontsDlgImpl::coloursOfPlan() const
-{
-    KWColours colours;
-    for (const Part &part : parts(*m_ui, m_mode))
-        colours.*part.colour = (m_document->*part.get)();
-    if (m_mode == FloorPlan)
-        colours.selected = selectedColour(*m_document);
-    colours.font = (m_document->*fontOfPlan(m_mode).get)();
-    return colours;
-}
-
 void KWColoursAndFontsDlgImpl::showColours(const KWColours &colours)
 {
     for (const Part &part : parts(*m_ui, m_mode))
@@ -177,7 +141,7 @@ void KWColoursAndFontsDlgImpl::showColours(const KWColours &colours)
 
 KWColours KWColoursAndFontsDlgImpl::shownColours() const
 {
-    KWColours colours;
+    KWColours colours = KWPlanColours::coloursOf(*m_document, m_mode);
     for (const Part &part : parts(*m_ui, m_mode))
         colours.*part.colour = part.button->colour();
     colours.font = m_font;
@@ -238,12 +202,13 @@ void KWColoursAndFontsDlgImpl::apply()
 {
     if (KWMainWindow *window = mainWin())
         window->saveUndoState(tr("Change colours and fonts"));
-    for (const Part &part : parts(*m_ui, m_mode))
-        (m_document->*part.set)(part.button->colour());
-    (m_document->*fontOfPlan(m_mode).set)(m_font);
-    // Or closing would lose them without a question.
-    m_document->setModified(true);
-    m_document->announceModified();
+    const KWColours before = KWPlanColours::coloursOf(*m_document, m_mode);
+    KWPlanColours::setColours(*m_document, m_mode, shownColours());
+    if (KWPlanColours::coloursOf(*m_document, m_mode) != before) {
+        // Or closing would lose them without a question.
+        m_document->setModified(true);
+        m_document->announceModified();
+    }
     accept();
 }
 
@@ -270,8 +235,11 @@ void KWColoursAndFontsDlgImpl::moreFonts()
 void KWColoursAndFontsDlgImpl::listThemes()
 {
     m_themes.takeUpdates();
-    m_ui->m_themeListBox->clear();
-    m_ui->m_themeListBox->addItems(m_themes.names());
+    QListWidget *list = m_ui->m_themeListBox;
+    list->clear();
+    for (const KWTheme &theme : m_themes.themes())
+        list->addItem(
+            new QListWidgetItem(themeIcon(theme.colours, devicePixelRatioF()), theme.name));
     updateButtonStatus();
 }
 
@@ -281,22 +249,18 @@ QString KWColoursAndFontsDlgImpl::currentTheme() const
     return item ? item->text() : QString();
 }
 
-// Of the file as it is now: a second window of the program may have changed it.
-bool KWColoursAndFontsDlgImpl::isListed(const QString &name) const
+// The current theme is the selected one, also where the list makes one current by itself.
+void KWColoursAndFontsDlgImpl::selectCurrentTheme()
 {
-    const QStringList names = m_themes.names();
-    return std::ranges::any_of(
-        names, [&](const QString &other) { return KWThemeFile::isSameName(other, name); });
+    if (QListWidgetItem *item = m_ui->m_themeListBox->currentItem())
+        item->setSelected(true);
 }
 
 void KWColoursAndFontsDlgImpl::updateButtonStatus()
 {
-    // The current theme is the selected one, also where the list makes one current by itself.
-    QListWidgetItem *item = m_ui->m_themeListBox->currentItem();
-    if (item)
-        item->setSelected(true);
-    m_ui->m_loadThemeButton->setEnabled(item);
-    m_ui->m_deleteThemeButton->setEnabled(item);
+    const bool hasTheme = m_ui->m_themeListBox->currentItem();
+    m_ui->m_loadThemeButton->setEnabled(hasTheme);
+    m_ui->m_deleteThemeButton->setEnabled(hasTheme);
 }
 
 void KWColoursAndFontsDlgImpl::loadTheme()
@@ -308,29 +272,41 @@ void KWColoursAndFontsDlgImpl::loadTheme()
     const KWThemeFile::Result result = m_themes.load(name, theme);
     if (result == KWThemeFile::Unreadable)
         errorBox(tr("Unable to read theme from '%1'").arg(m_themes.path()), tr("&OK"));
+    // Another window of the program has deleted it.
+    if (result == KWThemeFile::NotFound)
+        listThemes();
     if (result != KWThemeFile::Done)
         return;
     showColours(theme.colours);
     updatePreview();
 }
 
+/// Empty if the user thinks better of it. What was typed in vain is there again.
+QString KWColoursAndFontsDlgImpl::askThemeName()
+{
+    QString typed = currentTheme();
+    while (true) {
+        KWGetStringDlgImpl dialog(this, tr("Theme name"), tr("Theme name:"), typed, false);
+        if (dialog.exec() != Accepted)
+            return {};
+        typed = dialog.text();
+        const QString name = KWThemeFile::tidyName(typed);
+        if (!name.isEmpty())
+            return name;
+        errorBox(tr("Invalid theme name"), tr("&OK"));
+    }
+}
+
 void KWColoursAndFontsDlgImpl::saveTheme()
 {
-    KWGetStringDlgImpl dialog(this, tr("Theme name"), tr("Theme name:"), currentTheme(), false);
-    if (dialog.exec() != Accepted)
+    const QString name = askThemeName();
+    if (name.isEmpty())
         return;
-    const QString name = KWThemeFile::tidyName(dialog.text());
-    if (name.isEmpty()) {
-        errorBox(tr("Invalid theme name"), tr("&OK"));
+    // Of the file as it is now: a second window of the program may have changed it.
+    if (m_themes.contains(name) &&
+        warningBox(tr("Overwrite theme '%1'?").arg(name), tr("OK"), tr("Cancel")) != 0)
         return;
-    }
-    const bool replace = isListed(name);
-    if (replace && warningBox(tr("Overwrite theme '%1'?").arg(name), tr("OK"), tr("Cancel")) != 0)
-        return;
-    KWTheme theme{name, shownColours()};
-    if (m_mode != FloorPlan)
-        theme.colours.selected = selectedColour(*m_document);
-    if (m_themes.save(theme) != KWThemeFile::Done) {
+    if (m_themes.save({name, shownColours()}) != KWThemeFile::Done) {
         errorBox(tr("Unable to write theme to '%1'").arg(m_themes.ownPath()), tr("&OK"));
         return;
     }
@@ -357,21 +333,9 @@ void KWColoursAndFontsDlgImpl::deleteTheme()
     list->setCurrentRow(qMin(row, list->count() - 1));
 }
 
-void KWColoursAndFontsDlgImpl::help()
-{
-    showHelpTopic(u"Fonts_and_colours_window.htm"_s);
-}
-
 void KWColoursAndFontsDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
     showPreviewTexts();
     updatePreview();
-}
-
-void KWColoursAndFontsDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "gui/appearance/kwplancolours.h"
 #include "gui/appearance/kwthemefile.h"
-
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -17,12 +17,13 @@ class KWColoursAndFontsDlg;
 /// The dialog that changes the colours and the font of the floor plan or of a chart, and keeps them
 /// as themes. The plan is written, after an undo point, only if the dialog is accepted; themes are
 /// written at once.
-class KWColoursAndFontsDlgImpl : public QDialog
+class KWColoursAndFontsDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
 public:
-    enum Mode { FloorPlan, TableChart, GuestChart };
+    using Mode = KWPlanColours::Mode;
+    using enum KWPlanColours::Mode;
 
     KWColoursAndFontsDlgImpl(QWidget *parent, KWDocument *document, Mode mode);
     ~KWColoursAndFontsDlgImpl() override;
@@ -30,7 +31,6 @@ public:
 public slots:
     /// Writes the plan and closes.
     void apply();
-    void help();
     void changeFont();
     void loadTheme();
     void saveTheme();
@@ -39,10 +39,7 @@ public slots:
     void setDefault();
     void updatePreview();
     void moreFonts();
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     void connectParts();
@@ -50,7 +47,6 @@ private:
     void makePreview();
     void showPreviewTexts();
 
-    KWColours coloursOfPlan() const;
     void showColours(const KWColours &colours);
     /// For a chart as a whole floor plan's: its background is the inside of the room, its text that
     /// of the tables.
@@ -58,7 +54,8 @@ private:
 
     void listThemes();
     QString currentTheme() const;
-    bool isListed(const QString &name) const;
+    void selectCurrentTheme();
+    QString askThemeName();
 
     std::unique_ptr<Ui::KWColoursAndFontsDlg> m_ui;
     KWDocument *m_document;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwdialog.h"
 
 #include <memory>
 
@@ -9,7 +9,7 @@ class KWCreditsDlg;
 }
 
 /// Names those who made the program.
-class KWCreditsDlg : public QDialog
+class KWCreditsDlg : public KWDialog
 {
     Q_OBJECT
 
@@ -18,10 +18,7 @@ public:
     ~KWCreditsDlg() override;
 
 public slots:
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     std::unique_ptr<Ui::KWCreditsDlg> m_ui;

@@ -1,13 +1,9 @@
 #include "gui/dialogs/kwdimensionsdlgimpl.h"
 
 #include "core/model/kwdocument.h"
-#include "gui/appearance/kwstylehelper.h"
 #include "gui/dialogs/kwlengthvalidator.h"
-#include "gui/framework/kwaccel.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwdimensionsdlg.h"
 
 #include <algorithm>
@@ -28,7 +24,7 @@ double inAMetre(int units)
 } // namespace
 
 KWDimensionsDlgImpl::KWDimensionsDlgImpl(QWidget *parent, KWDocument *document)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWDimensionsDlg>())
     , m_document(document)
     , m_units(document->units() == KWPlanFields::Feet ? KWPlanFields::Feet : KWPlanFields::Metres)
@@ -39,10 +35,7 @@ KWDimensionsDlgImpl::KWDimensionsDlgImpl(QWidget *parent, KWDocument *document)
     fillSizes();
     connect(m_ui->m_unitsCombo, &QComboBox::currentIndexChanged, this,
             &KWDimensionsDlgImpl::unitsChange);
-    connect(m_ui->m_helpPushButton, &QPushButton::clicked, this, &KWDimensionsDlgImpl::help);
-    addAccel(this, Qt::Key_F1, this, &KWDimensionsDlgImpl::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish(QStringLiteral("Dimensions_window.htm"), m_ui->m_helpPushButton);
     m_ui->m_xEdit->setFocus();
 }
 
@@ -148,20 +141,8 @@ void KWDimensionsDlgImpl::accept()
         QDialog::accept();
 }
 
-void KWDimensionsDlgImpl::help()
-{
-    showHelpTopic(QStringLiteral("Dimensions_window.htm"));
-}
-
 void KWDimensionsDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
     translateSizes();
-}
-
-void KWDimensionsDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <array>
 #include <memory>
@@ -14,7 +14,7 @@ class KWDimensionsDlg;
 
 /// The dialog for the size of the room and of a seat, in metres or feet. The plan is written, after
 /// an undo point, only if the dialog is accepted and its checks are passed.
-class KWDimensionsDlgImpl : public QDialog
+class KWDimensionsDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -31,11 +31,7 @@ public slots:
     bool apply();
     /// Converts the sizes to the unit that is chosen now.
     void unitsChange();
-    void help();
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     /// A length of the plan, where it is typed, and its limits in metres.

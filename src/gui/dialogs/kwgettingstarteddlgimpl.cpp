@@ -1,14 +1,11 @@
 #include "gui/dialogs/kwgettingstarteddlgimpl.h"
 
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
 #include "gui/framework/kwhelp.h"
 #include "gui/framework/kwusersettings.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwgettingstarteddlg.h"
 
 KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings *settings)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWGettingStartedDlg>())
     , m_settings(settings)
 {
@@ -18,9 +15,8 @@ KWGettingStartedDlgImpl::KWGettingStartedDlgImpl(QWidget *parent, KWUserSettings
     m_ui->m_showNextTimeCheckBox->setChecked(m_settings->helpShowGettingStarted());
     connect(m_ui->m_quickStartButton, &QPushButton::clicked, this, &Dlg::quickStart);
     connect(m_ui->m_tutorialButton, &QPushButton::clicked, this, &Dlg::tutorial);
-    addAccel(this, Qt::Key_F1, this, &Dlg::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    // The window has no page of its own; the guide is what it talks about.
+    finish(QStringLiteral("Quick_start_guide.htm"));
 }
 
 KWGettingStartedDlgImpl::~KWGettingStartedDlgImpl() = default;
@@ -50,12 +46,6 @@ void KWGettingStartedDlgImpl::tutorial()
     showHelpTopic(QStringLiteral("Tutorial.htm"));
 }
 
-// The window has no page of its own; the guide is what it talks about.
-void KWGettingStartedDlgImpl::help()
-{
-    showHelpTopic(QStringLiteral("Quick_start_guide.htm"));
-}
-
 void KWGettingStartedDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
@@ -64,9 +54,7 @@ void KWGettingStartedDlgImpl::languageChange()
 
 void KWGettingStartedDlgImpl::changeEvent(QEvent *event)
 {
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
-    else if (event->type() == QEvent::FontChange)
+    KWHelpDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
         fitText();
 }

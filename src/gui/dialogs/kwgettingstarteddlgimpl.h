@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ class KWGettingStartedDlg;
 
 /// Greets a new user and points to the quick start guide and the tutorial. However the dialog is
 /// closed, its check box is written to the settings.
-class KWGettingStartedDlgImpl : public QDialog
+class KWGettingStartedDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -25,8 +25,7 @@ public:
 public slots:
     void quickStart();
     void tutorial();
-    void help();
-    void languageChange();
+    void languageChange() override;
 
 protected:
     void changeEvent(QEvent *event) override;

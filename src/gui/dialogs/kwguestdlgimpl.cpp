@@ -2,13 +2,9 @@
 
 #include "core/model/kwdocument.h"
 #include "gui/appearance/kwpixmaps.h"
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
 #include "gui/framework/kwbusy.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwguestdlg.h"
 
 #include <QScreen>
@@ -48,7 +44,7 @@ KWGuestDlgImpl::KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGroup *g
 
 KWGuestDlgImpl::KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGuest *guest,
                                KWGroup *group)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWGuestDlg>())
     , m_document(document)
     , m_guest(guest)
@@ -69,10 +65,10 @@ KWGuestDlgImpl::KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGuest *g
     connect(m_ui->m_guestWidget, &KWGuestWidgetImpl::lastNameChanged, this,
             &KWGuestDlgImpl::autoUpdateGroupName);
     connect(m_ui->m_addPushButton, &QPushButton::clicked, this, &KWGuestDlgImpl::add);
-    connect(m_ui->m_helpPushButton, &QPushButton::clicked, this, &KWGuestDlgImpl::help);
-    addAccel(this, Qt::Key_F1, this, &KWGuestDlgImpl::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish(m_group   ? u"Group_properties_window.htm"_s
+           : m_guest ? u"Guest_properties_window.htm"_s
+                     : u"Insert_guest_window.htm"_s,
+           m_ui->m_helpPushButton);
     setDefaultFocus();
     fitToScreen();
 }
@@ -291,14 +287,6 @@ void KWGuestDlgImpl::editGroup(KWGroup *group)
                           m_ui->m_groupWidget->notes());
 }
 
-void KWGuestDlgImpl::help()
-{
-    if (m_group)
-        showHelpTopic(u"Group_properties_window.htm"_s);
-    else
-        showHelpTopic(m_guest ? u"Guest_properties_window.htm"_s : u"Insert_guest_window.htm"_s);
-}
-
 // The widgets of the form would be told later, but their labels are measured here.
 void KWGuestDlgImpl::languageChange()
 {
@@ -309,11 +297,4 @@ void KWGuestDlgImpl::languageChange()
     if (!m_group)
         fillChoices();
     showTexts();
-}
-
-void KWGuestDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -17,7 +17,7 @@ class KWGuestDlg;
 /// The dialog that inserts a guest with a group of their own, edits a guest with their group, or
 /// edits a group. What an opening has no use for is taken out of the form. The plan is written,
 /// after an undo point, only if the dialog is accepted and its checks are passed.
-class KWGuestDlgImpl : public QDialog
+class KWGuestDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -37,11 +37,7 @@ public slots:
     /// Inserts the guest and closes, as accept() does.
     void add();
     void autoUpdateGroupName();
-    void help();
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     KWGuestDlgImpl(QWidget *parent, KWDocument *document, KWGuest *guest, KWGroup *group);

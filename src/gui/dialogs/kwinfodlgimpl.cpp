@@ -1,12 +1,8 @@
 #include "gui/dialogs/kwinfodlgimpl.h"
 
 #include "core/model/kwdocument.h"
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwinfodlg.h"
 
 using namespace Qt::StringLiterals;
@@ -23,7 +19,7 @@ int totalCost(int fixed, int perAdult, int adults, int perChild, int children)
 } // namespace
 
 KWInfoDlgImpl::KWInfoDlgImpl(QWidget *parent, KWDocument *document, std::function<QDate()> today)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWInfoDlg>())
     , m_document(document)
     , m_today(std::move(today))
@@ -34,16 +30,13 @@ KWInfoDlgImpl::KWInfoDlgImpl(QWidget *parent, KWDocument *document, std::functio
     for (QSpinBox *cost :
          {m_ui->m_fixedCostSpinBox, m_ui->m_costPerAdultSpinBox, m_ui->m_costPerChildSpinBox})
         connect(cost, &QSpinBox::valueChanged, this, &KWInfoDlgImpl::updateTotalCost);
-    connect(m_ui->m_helpPushButton, &QPushButton::clicked, this, &KWInfoDlgImpl::help);
 
     m_document->countGuests(&m_adults, &m_children, &m_acceptedAdults, &m_acceptedChildren);
     load();
     updateTotalCost();
     updateDaysRemaining();
     connectEditors();
-    addAccel(this, Qt::Key_F1, this, &KWInfoDlgImpl::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish(QStringLiteral("Information_window.htm"), m_ui->m_helpPushButton);
 }
 
 KWInfoDlgImpl::~KWInfoDlgImpl() = default;
@@ -180,11 +173,6 @@ void KWInfoDlgImpl::notesChanged()
     m_touched |= Notes;
 }
 
-void KWInfoDlgImpl::help()
-{
-    showHelpTopic(QStringLiteral("Information_window.htm"));
-}
-
 void KWInfoDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
@@ -192,9 +180,7 @@ void KWInfoDlgImpl::languageChange()
 
 void KWInfoDlgImpl::changeEvent(QEvent *event)
 {
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
-    else if (event->type() == QEvent::LocaleChange)
+    KWHelpDialog::changeEvent(event);
+    if (event->type() == QEvent::LocaleChange)
         showFullYear();
 }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "gui/framework/kwhelpdialog.h"
+
 #include <QDate>
-#include <QDialog>
 
 #include <functional>
 #include <memory>
@@ -15,7 +16,7 @@ class KWInfoDlg;
 /// The facts of the event, with the days until it and its costs worked out as they are edited.
 /// The guests are counted once: the plan does not change while the dialog is up. The plan is
 /// written, after an undo point, only if the dialog is accepted and a field was touched.
-class KWInfoDlgImpl : public QDialog
+class KWInfoDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -39,8 +40,7 @@ public slots:
     void perAdultCostChanged();
     void perChildCostChanged();
     void notesChanged();
-    void help();
-    void languageChange();
+    void languageChange() override;
 
 protected:
     void changeEvent(QEvent *event) override;

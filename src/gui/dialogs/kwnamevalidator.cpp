@@ -1,5 +1,7 @@
 #include "gui/dialogs/kwnamevalidator.h"
 
+#include "gui/framework/kwonelinetext.h"
+
 namespace {
 
 void removeLeadingBlanks(QString &text)
@@ -41,6 +43,7 @@ QValidator::State KWNameValidator::validate(QString &text, int &pos) const
 
 void KWNameValidator::fixup(QString &text) const
 {
+    text = oneLine(text);
     removeLeadingBlanks(text);
     if (m_capitalise)
         text = capitalised(text);

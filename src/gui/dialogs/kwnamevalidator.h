@@ -2,7 +2,8 @@
 
 #include <QValidator>
 
-/// Tidies a name while it is typed: takes leading blanks away and, if it is to, makes the first
+/// Tidies a name while it is typed: takes leading blanks away, puts a blank in
+/// the place of each line break and, if it is to, makes the first
 /// letter of each word upper case. Every text is acceptable. Texts that the program sets in a field
 /// are tidied, too, so what a plan holds must be put there without the validator. A field forgets
 /// what could be undone in it whenever a text is tidied.

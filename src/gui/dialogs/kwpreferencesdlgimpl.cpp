@@ -1,11 +1,7 @@
 #include "gui/dialogs/kwpreferencesdlgimpl.h"
 
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwtooltips.h"
 #include "gui/framework/kwusersettings.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwpreferencesdlg.h"
 
 #include <QMouseEvent>
@@ -74,18 +70,15 @@ std::array<Criterion, 3> criteria(const Ui::KWPreferencesDlg &ui)
 } // namespace
 
 KWPreferencesDlgImpl::KWPreferencesDlgImpl(QWidget *parent, KWUserSettings *settings)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWPreferencesDlg>())
     , m_settings(settings)
 {
     m_ui->setupUi(this);
-    connect(m_ui->m_helpButton, &QPushButton::clicked, this, &KWPreferencesDlgImpl::help);
     m_ui->m_solverSecondsLabel->installEventFilter(this);
     m_ui->m_solverGenerationsLabel->installEventFilter(this);
     load();
-    addAccel(this, Qt::Key_F1, this, &KWPreferencesDlgImpl::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish(QStringLiteral("Preferences_window.htm"), m_ui->m_helpButton);
     adjustSize();
 }
 
@@ -117,21 +110,9 @@ void KWPreferencesDlgImpl::accept()
     QDialog::accept();
 }
 
-void KWPreferencesDlgImpl::help()
-{
-    showHelpTopic(QStringLiteral("Preferences_window.htm"));
-}
-
 void KWPreferencesDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
-}
-
-void KWPreferencesDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
 }
 
 // The text of two radio buttons stands behind their spin boxes, in labels of its own.
@@ -144,5 +125,5 @@ bool KWPreferencesDlgImpl::eventFilter(QObject *watched, QEvent *event)
         else if (watched == m_ui->m_solverGenerationsLabel)
             m_ui->m_solverGenerationsRadioButton->setChecked(true);
     }
-    return QDialog::eventFilter(watched, event);
+    return KWHelpDialog::eventFilter(watched, event);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ class KWPreferencesDlg;
 
 /// The dialog over what the user may set for all plans. The settings are the caller's; they change
 /// only when the dialog is accepted. Whoever runs it sets up the timed backup anew afterwards.
-class KWPreferencesDlgImpl : public QDialog
+class KWPreferencesDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -23,11 +23,9 @@ public:
     void accept() override;
 
 public slots:
-    void help();
-    void languageChange();
+    void languageChange() override;
 
 protected:
-    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -1,10 +1,6 @@
 #include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
 
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwusersettings.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwrecentlyopeneddlg.h"
 
 #include <QDir>
@@ -22,7 +18,7 @@ QString absoluteNativePath(const QString &path)
 
 KWRecentlyOpenedDlgImpl::KWRecentlyOpenedDlgImpl(QWidget *parent, const QStringList &paths,
                                                  const QString &openPlan, KWUserSettings *settings)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWRecentlyOpenedDlg>())
     , m_settings(settings)
 {
@@ -34,11 +30,8 @@ KWRecentlyOpenedDlgImpl::KWRecentlyOpenedDlgImpl(QWidget *parent, const QStringL
     connect(m_ui->m_filesListView, &QTreeWidget::itemSelectionChanged, this,
             &KWRecentlyOpenedDlgImpl::updateButtonStatus);
     connect(m_ui->m_filesListView, &QTreeWidget::itemDoubleClicked, this, &QDialog::accept);
-    connect(m_ui->m_helpButton, &QPushButton::clicked, this, &KWRecentlyOpenedDlgImpl::help);
     updateButtonStatus();
-    addAccel(this, Qt::Key_F1, this, &KWRecentlyOpenedDlgImpl::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish(QStringLiteral("Most_recently_accessed_window.htm"), m_ui->m_helpButton);
 }
 
 KWRecentlyOpenedDlgImpl::~KWRecentlyOpenedDlgImpl() = default;
@@ -87,19 +80,7 @@ void KWRecentlyOpenedDlgImpl::updateButtonStatus()
     m_ui->m_okButton->setEnabled(!m_ui->m_filesListView->selectedItems().isEmpty());
 }
 
-void KWRecentlyOpenedDlgImpl::help()
-{
-    showHelpTopic(QStringLiteral("Most_recently_accessed_window.htm"));
-}
-
 void KWRecentlyOpenedDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
-}
-
-void KWRecentlyOpenedDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
+
 #include <QStringList>
 
 #include <memory>
@@ -14,7 +15,7 @@ class KWRecentlyOpenedDlg;
 /// Lets the user pick one of the recent plans. Those that are gone from the disk and the open one
 /// are left out of sight; the caller's list and the settings keep them. However the dialog is
 /// closed, its check box is written to the settings.
-class KWRecentlyOpenedDlgImpl : public QDialog
+class KWRecentlyOpenedDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -31,11 +32,7 @@ public:
 
 public slots:
     void updateButtonStatus();
-    void help();
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     void addRows(const QStringList &paths, const QString &openPlan);

@@ -2,13 +2,9 @@
 
 #include "core/model/kwdocument.h"
 #include "gui/appearance/kwpixmaps.h"
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
 #include "gui/framework/kwbusy.h"
-#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwtabledlg.h"
 
 using namespace Qt::StringLiterals;
@@ -43,7 +39,7 @@ KWTableDlgImpl::KWTableDlgImpl(QWidget *parent, KWDocument *document, KWTable *t
 }
 
 KWTableDlgImpl::KWTableDlgImpl(QWidget *parent, KWDocument *document, KWTable *table, int shape)
-    : QDialog(parent)
+    : KWHelpDialog(parent)
     , m_ui(std::make_unique<Ui::KWTableDlg>())
     , m_document(document)
     , m_table(table)
@@ -52,14 +48,14 @@ KWTableDlgImpl::KWTableDlgImpl(QWidget *parent, KWDocument *document, KWTable *t
     m_ui->setupUi(this);
     setObjectName(u"table dlg"_s);
     connectFields();
+    drawShapes();
     if (m_table)
         setUpEdit();
     else
         setUpInsert(shape);
     showTexts();
-    addAccel(this, Qt::Key_F1, this, &KWTableDlgImpl::help);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish(m_table ? u"Table_properties_window.htm"_s : u"Insert_table_window.htm"_s,
+           m_ui->m_helpPushButton);
     m_ui->m_nameLineEdit->setFocus();
 }
 
@@ -78,7 +74,14 @@ void KWTableDlgImpl::connectFields()
         connect(side, &QSpinBox::valueChanged, this, &Dlg::updateTotal);
     for (const QSpinBox *number : {ui.m_numTablesSpinBox, ui.m_seatsTotalSpinBox})
         connect(number, &QSpinBox::valueChanged, this, &Dlg::updateNumTablesLabel);
-    connect(ui.m_helpPushButton, &QPushButton::clicked, this, &Dlg::help);
+}
+
+void KWTableDlgImpl::drawShapes()
+{
+    const KWPixmaps &pixmaps = KWPixmaps::instance(devicePixelRatioF());
+    QComboBox *shapes = m_ui->m_shapeComboBox;
+    for (int shape = 0; shape < shapes->count(); ++shape)
+        shapes->setItemIcon(shape, pixmaps.table(shape));
 }
 
 void KWTableDlgImpl::setUpInsert(int shape)
@@ -158,21 +161,38 @@ void KWTableDlgImpl::showFields(int shape)
     for (QWidget *part : Widgets{ui.m_seatsAcrossSpinBox, ui.m_timesTextLabel,
                                  ui.m_seatsDownSpinBox, ui.m_equalsTextLabel})
         part->setVisible(sided);
+    ui.m_twiceTextLabel->setVisible(shape == KWTable::Rectangular);
     for (QWidget *part : Widgets{ui.m_timesTextLabel_2, ui.m_seatsAcrossSpinBox_2,
                                  ui.m_timesTextLabel_3, ui.m_seatsDownSpinBox_2})
         part->setVisible(custom);
-    // Four sides add up; a rectangle is so many by so many.
-    ui.m_timesTextLabel->setText(custom ? u"+"_s : u"×"_s);
+    ui.m_equalsTextLabel->setText(custom ? u"="_s : u") ="_s);
+    nameSides(custom);
     ui.m_seatsTextLabel->setBuddy(sided ? ui.m_seatsAcrossSpinBox : ui.m_seatsTotalSpinBox);
     showTotalAsReadOut(sided);
 }
 
-// A field that only tells something stands on the dialog's own ground.
+/// For those who do not see the seats in their row.
+void KWTableDlgImpl::nameSides(bool custom)
+{
+    const auto &ui = *m_ui;
+    ui.m_seatsAcrossSpinBox->setAccessibleName(
+        custom ? tr("Seats at the top") : tr("Seats at the top, and as many at the bottom"));
+    ui.m_seatsDownSpinBox->setAccessibleName(
+        custom ? tr("Seats at the right") : tr("Seats at the right, and as many at the left"));
+    ui.m_seatsAcrossSpinBox_2->setAccessibleName(tr("Seats at the bottom"));
+    ui.m_seatsDownSpinBox_2->setAccessibleName(tr("Seats at the left"));
+}
+
+// A field that only tells something stands on the dialog's own ground, and the keys pass it by.
 void KWTableDlgImpl::showTotalAsReadOut(bool readOut)
 {
     QSpinBox *total = m_ui->m_seatsTotalSpinBox;
     total->setReadOnly(readOut);
+    total->setFocusPolicy(readOut ? Qt::NoFocus : Qt::StrongFocus);
     total->setButtonSymbols(readOut ? QSpinBox::NoButtons : QSpinBox::UpDownArrows);
+    // Or the box would keep the width that it had with its other buttons.
+    total->setMaximum(total->maximum());
+    total->updateGeometry();
     QPalette palette;
     if (readOut)
         palette.setBrush(QPalette::Base, palette.window());
@@ -343,21 +363,9 @@ void KWTableDlgImpl::editTable()
                           shape(), count1, count2, count3, count4, m_ui->m_notesTextEdit->notes());
 }
 
-void KWTableDlgImpl::help()
-{
-    showHelpTopic(m_table ? u"Table_properties_window.htm"_s : u"Insert_table_window.htm"_s);
-}
-
 void KWTableDlgImpl::languageChange()
 {
     m_ui->retranslateUi(this);
     showFields(shape());
     showTexts();
-}
-
-void KWTableDlgImpl::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        languageChange();
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "core/model/kwtable.h"
-
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -16,7 +15,7 @@ class KWTableDlg;
 /// The dialog that inserts one or several tables of one kind, or edits a table. It keeps the seats
 /// of the sides and their total in step with the shape. The plan is written, after an undo point,
 /// only if the dialog is accepted and its checks are passed.
-class KWTableDlgImpl : public QDialog
+class KWTableDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -37,24 +36,22 @@ public slots:
     void shapeSelected(int shape);
     /// Works the total out where the shape has sides; elsewhere it is as it was typed.
     void updateTotal();
-    void help();
     /// Inserts the tables and closes, as accept() does.
     void add();
     void setFocusAfterShapeCombo();
     void updateNumTablesLabel();
-    void languageChange();
-
-protected:
-    void changeEvent(QEvent *event) override;
+    void languageChange() override;
 
 private:
     KWTableDlgImpl(QWidget *parent, KWDocument *document, KWTable *table, int shape);
 
     void connectFields();
+    void drawShapes();
     void setUpInsert(int shape);
     void setUpEdit();
     void showTexts();
     void showFields(int shape);
+    void nameSides(bool custom);
     void showTotalAsReadOut(bool readOut);
     void handSeatsOver(int shape);
     static void setCount(QSpinBox *box, int count);

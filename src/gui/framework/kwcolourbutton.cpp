@@ -28,6 +28,7 @@ KWColourButton::KWColourButton(QWidget *parent)
     m_interior->setAttribute(Qt::WA_TransparentForMouseEvents);
 
     setFocusProxy(m_button);
+    describe();
     connect(m_button, &QPushButton::clicked, this, &KWColourButton::changeColour);
 }
 
@@ -41,6 +42,17 @@ void KWColourButton::setColour(const QColor &colour)
     QPalette palette = m_interior->palette();
     palette.setColor(QPalette::Window, colour);
     m_interior->setPalette(palette);
+    describe();
+}
+
+// Those who cannot see the colour are told what it is for, and what it is.
+void KWColourButton::describe()
+{
+    m_button->setAccessibleName(toolTip());
+    m_button->setAccessibleDescription(tr("red %1, green %2, blue %3")
+                                           .arg(colour().red())
+                                           .arg(colour().green())
+                                           .arg(colour().blue()));
 }
 
 void KWColourButton::changeColour()
@@ -54,8 +66,7 @@ void KWColourButton::changeColour()
 
 bool KWColourButton::event(QEvent *event)
 {
-    // Those who cannot see the colour are told what it is for.
-    if (event->type() == QEvent::ToolTipChange)
-        m_button->setAccessibleName(toolTip());
+    if (event->type() == QEvent::ToolTipChange || event->type() == QEvent::LanguageChange)
+        describe();
     return QFrame::event(event);
 }

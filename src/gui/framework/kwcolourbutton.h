@@ -27,6 +27,8 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void describe();
+
     QPushButton *m_button;
     QFrame *m_interior;
 };

@@ -1,8 +1,7 @@
 #include "gui/framework/kwconfigurablewarningdlgimpl.h"
 
-#include "gui/appearance/kwstylehelper.h"
 #include "gui/framework/kwmainwindow.h"
-#include "gui/framework/kwwhatsthishelper.h"
+#include "gui/framework/kwmessagetext.h"
 #include "ui_kwconfigurablewarningdlg.h"
 
 #include <QStyle>
@@ -10,7 +9,7 @@
 KWConfigurableWarningDlgImpl::KWConfigurableWarningDlgImpl(QWidget *parent, const QString &message,
                                                            const QStringList &buttons,
                                                            bool showWarning)
-    : QDialog(parent)
+    : KWDialog(parent)
     , m_ui(std::make_unique<Ui::KWConfigurableWarningDlg>())
 {
     m_ui->setupUi(this);
@@ -20,7 +19,7 @@ KWConfigurableWarningDlgImpl::KWConfigurableWarningDlgImpl(QWidget *parent, cons
     const int iconSize = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     m_ui->m_iconLabel->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(iconSize));
-    m_ui->m_message->setText(message);
+    m_ui->m_message->setText(messageText(message));
     fitMessage();
     setButtons(buttons);
     m_ui->m_showWarningCheckBox->setChecked(showWarning);
@@ -30,8 +29,9 @@ KWConfigurableWarningDlgImpl::KWConfigurableWarningDlgImpl(QWidget *parent, cons
             &KWConfigurableWarningDlgImpl::button2Pressed);
     connect(m_ui->m_button3, &QPushButton::clicked, this,
             &KWConfigurableWarningDlgImpl::button3Pressed);
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    finish();
+    // Not the box, where a blank meant for the button would switch the warning off.
+    m_ui->m_button1->setFocus();
 }
 
 KWConfigurableWarningDlgImpl::~KWConfigurableWarningDlgImpl() = default;
@@ -58,7 +58,7 @@ void KWConfigurableWarningDlgImpl::button3Pressed()
 
 void KWConfigurableWarningDlgImpl::reject()
 {
-    done(m_ui->m_button3->isHidden() ? 1 : 2);
+    done(m_ui->m_button3->parentWidget() == this ? 2 : 1);
 }
 
 // A label that wraps asks for a narrow block of text. Short lines should stand as written, and long
@@ -75,7 +75,7 @@ void KWConfigurableWarningDlgImpl::fitMessage()
 
 void KWConfigurableWarningDlgImpl::changeEvent(QEvent *event)
 {
-    QDialog::changeEvent(event);
+    KWDialog::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         fitMessage();
 }
@@ -88,5 +88,7 @@ void KWConfigurableWarningDlgImpl::setButtons(const QStringList &texts)
         if (!text.isEmpty())
             buttons[i]->setText(text);
     }
-    m_ui->m_button3->setHidden(texts.value(2).isEmpty());
+    // Readers tell of hidden buttons, too.
+    if (texts.value(2).isEmpty())
+        m_ui->m_button3->setParent(&m_removed);
 }

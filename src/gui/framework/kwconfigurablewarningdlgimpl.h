@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwdialog.h"
+
 #include <QStringList>
 
 #include <memory>
@@ -11,7 +12,7 @@ class KWConfigurableWarningDlg;
 
 /// A warning that the user can switch off. exec() gives the index of the button pressed, from 0;
 /// Esc and the close box count as the last button, never as the first one, which goes on.
-class KWConfigurableWarningDlgImpl : public QDialog
+class KWConfigurableWarningDlgImpl : public KWDialog
 {
     Q_OBJECT
 
@@ -39,4 +40,6 @@ private:
     void setButtons(const QStringList &texts);
 
     std::unique_ptr<Ui::KWConfigurableWarningDlg> m_ui;
+    /// Owns the third button unless it has a text.
+    QWidget m_removed;
 };

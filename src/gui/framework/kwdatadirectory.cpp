@@ -10,6 +10,11 @@ QString dataDirectory()
                            QStringLiteral("/../share/ambrelune"));
 }
 
+QString exampleDirectory()
+{
+    return dataDirectory() + QStringLiteral("/examples");
+}
+
 QString userDataDirectory()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +

@@ -7,6 +7,9 @@
 /// can be moved.
 QString dataDirectory();
 
+/// The directory of the example plans that ship.
+QString exampleDirectory();
+
 /// The directory of what the program keeps for its user beside the settings, such as themes;
 /// absolute and without a slash at its end. It need not exist.
 QString userDataDirectory();

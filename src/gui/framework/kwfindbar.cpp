@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QTextEdit>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -30,21 +31,29 @@ KWFindBar::KWFindBar(QTextEdit *text, QWidget *parent)
     m_wordsEdit->setObjectName(QStringLiteral("wordsEdit"));
     m_wordsEdit->setToolTip(tr("Words to look for"));
     m_wordsEdit->setClearButtonEnabled(true);
+    m_wordsEdit->setMinimumWidth(16 * fontMetrics().averageCharWidth());
     m_wordsEdit->setMaximumWidth(300);
     m_resultLabel->setObjectName(QStringLiteral("resultLabel"));
+    m_resultLabel->setWordWrap(true);
     QToolButton *previous =
         button(this, tr("Previous"), tr("Find the words further up (Shift+F3)"));
     QToolButton *next = button(this, tr("Next"), tr("Find the words further down (F3)"));
     QToolButton *close = button(this, tr("Done"), tr("Stop looking for words (Esc)"));
 
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(6, 3, 6, 3);
-    row->addWidget(label);
-    row->addWidget(m_wordsEdit, 1);
-    row->addWidget(previous);
-    row->addWidget(next);
-    row->addWidget(m_resultLabel, 1);
-    row->addWidget(close);
+    // In two rows, since the window is narrow beside a dialog.
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(6, 3, 6, 3);
+    auto *words = new QHBoxLayout;
+    words->addWidget(label);
+    words->addWidget(m_wordsEdit, 1);
+    words->addStretch();
+    words->addWidget(close);
+    rows->addLayout(words);
+    auto *places = new QHBoxLayout;
+    places->addWidget(previous);
+    places->addWidget(next);
+    places->addWidget(m_resultLabel, 1);
+    rows->addLayout(places);
 
     connect(m_wordsEdit, &QLineEdit::textChanged, this, &KWFindBar::findAsTyped);
     connect(m_wordsEdit, &QLineEdit::returnPressed, this, &KWFindBar::findNext);

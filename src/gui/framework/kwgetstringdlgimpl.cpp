@@ -1,9 +1,5 @@
 #include "gui/framework/kwgetstringdlgimpl.h"
 
-#include "gui/appearance/kwstylehelper.h"
-#include "gui/framework/kwaccel.h"
-#include "gui/framework/kwhelp.h"
-#include "gui/framework/kwwhatsthishelper.h"
 #include "ui_kwgetstringdlg.h"
 
 KWGetStringDlgImpl::KWGetStringDlgImpl(QWidget *parent, const QString &caption,
@@ -11,9 +7,8 @@ KWGetStringDlgImpl::KWGetStringDlgImpl(QWidget *parent, const QString &caption,
                                        bool allowEmpty, const QString &helpTopic,
                                        const QPixmap &icon, const QString &name, bool modal,
                                        Qt::WindowFlags flags)
-    : QDialog(parent, flags)
+    : KWHelpDialog(parent, flags)
     , m_ui(std::make_unique<Ui::KWGetStringDlg>())
-    , m_helpTopic(helpTopic)
     , m_allowEmpty(allowEmpty)
 {
     m_ui->setupUi(this);
@@ -35,9 +30,8 @@ KWGetStringDlgImpl::KWGetStringDlgImpl(QWidget *parent, const QString &caption,
     connect(m_ui->m_okButton, &QPushButton::clicked, this, &KWGetStringDlgImpl::accept);
     connect(m_ui->m_cancelButton, &QPushButton::clicked, this, &KWGetStringDlgImpl::reject);
     updateButtons();
-    setUpHelp();
-    new KWWhatsThisHelper(this);
-    new KWStyleHelper(this);
+    m_ui->m_helpButton->setHidden(helpTopic.isEmpty());
+    finish(helpTopic, m_ui->m_helpButton);
     setFixedSize(minimumSizeHint());
 }
 
@@ -51,19 +45,4 @@ QString KWGetStringDlgImpl::text() const
 void KWGetStringDlgImpl::updateButtons()
 {
     m_ui->m_okButton->setEnabled(m_allowEmpty || !text().isEmpty());
-}
-
-void KWGetStringDlgImpl::help()
-{
-    showHelpTopic(m_helpTopic);
-}
-
-void KWGetStringDlgImpl::setUpHelp()
-{
-    if (m_helpTopic.isEmpty()) {
-        m_ui->m_helpButton->hide();
-        return;
-    }
-    connect(m_ui->m_helpButton, &QPushButton::clicked, this, &KWGetStringDlgImpl::help);
-    addAccel(this, Qt::Key_F1, this, &KWGetStringDlgImpl::help);
 }

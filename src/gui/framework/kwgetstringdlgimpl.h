@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "gui/framework/kwhelpdialog.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class KWGetStringDlg;
 /// Asks for one line of text. With `allowEmpty` false the user can only accept some text, be it a
 /// blank. Without a help topic there is no help button. Without a picture for its icon the dialog
 /// takes its parent's.
-class KWGetStringDlgImpl : public QDialog
+class KWGetStringDlgImpl : public KWHelpDialog
 {
     Q_OBJECT
 
@@ -27,12 +27,8 @@ public:
 
 public slots:
     void updateButtons();
-    void help();
 
 private:
-    void setUpHelp();
-
     std::unique_ptr<Ui::KWGetStringDlg> m_ui;
-    QString m_helpTopic;
     bool m_allowEmpty;
 };

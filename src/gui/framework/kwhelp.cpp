@@ -6,7 +6,7 @@
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
@@ -38,12 +38,33 @@ const QString &helpFileName()
     return name;
 }
 
+std::function<void(const QString &path)> &exampleOpener()
+{
+    static std::function<void(const QString &path)> opener;
+    return opener;
+}
+
 QPointer<KWHelpWindow> theWindow;
 
 void tellMissing(const QString &topic, const QString &path)
 {
     errorBox(KWHelpWindow::tr("Unable to display topic '%1' in Help file '%2'.").arg(topic, path),
              KWHelpWindow::tr("&OK"));
+}
+
+// The name comes from a page, which must lead to the examples only.
+void openExample(const QString &name)
+{
+    const QFileInfo file(QDir(exampleDirectory()), QFileInfo(name).fileName());
+    if (!exampleOpener() || !file.isFile())
+        return;
+    if (QApplication::activeModalWidget()) {
+        // It works on the plan that the example would replace.
+        errorBox(KWHelpWindow::tr("Close the other window before you open an example."),
+                 KWHelpWindow::tr("&OK"));
+        return;
+    }
+    exampleOpener()(file.absoluteFilePath());
 }
 
 /// The one help window, made at the first use; it goes with the main window.
@@ -54,6 +75,7 @@ KWHelpWindow *helpWindow()
     KWMainWindow *owner = mainWin();
     theWindow = new KWHelpWindow(owner ? owner->widget() : nullptr);
     QObject::connect(theWindow, &KWHelpWindow::pageMissing, tellMissing);
+    QObject::connect(theWindow, &KWHelpWindow::exampleChosen, openExample);
     if (!owner)
         qAddPostRoutine([] { delete theWindow; });
     return theWindow;
@@ -75,6 +97,11 @@ const QString &startDirectory()
 void setShippedHelpDirectory(const QString &directory)
 {
     shippedDirectory() = directory.isEmpty() ? dataDirectory() : directory;
+}
+
+void setExampleOpener(const std::function<void(const QString &path)> &open)
+{
+    exampleOpener() = open;
 }
 
 QString helpFilePath()

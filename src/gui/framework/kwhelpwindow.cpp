@@ -3,6 +3,7 @@
 #include "gui/framework/kwfindbar.h"
 #include "gui/framework/kwhelpbrowser.h"
 #include "gui/framework/kwhelpfile.h"
+#include "gui/framework/kwhelppages.h"
 #include "gui/framework/kwhelpsafety.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwstayusable.h"
@@ -15,14 +16,11 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
-#include <QTreeWidget>
-#include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int pageRole = Qt::UserRole;
 constexpr int smallestZoom = -4;
 constexpr int greatestZoom = 16;
 
@@ -40,30 +38,24 @@ bool hasPage(const KWHelpFile &file, const QString &page)
 KWHelpWindow::KWHelpWindow(QWidget *parent)
     // As a dialog it is kept in front of its owner, so that one can read while one works.
     : QMainWindow(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
-    , m_contentsTree(new QTreeWidget)
     , m_browser(new KWHelpBrowser(nullptr))
 {
     setObjectName(u"help window"_s);
     setAttribute(Qt::WA_QuitOnClose, false);
-    auto *splitter = new QSplitter(this);
-    auto *page = new QWidget(splitter);
+    m_splitter = new QSplitter(this);
+    m_pages = new KWHelpPages(m_splitter);
+    auto *page = new QWidget(m_splitter);
     m_findBar = new KWFindBar(m_browser, page);
     auto *column = new QVBoxLayout(page);
     column->setContentsMargins({});
     column->setSpacing(0);
     column->addWidget(m_browser, 1);
     column->addWidget(m_findBar);
-    splitter->addWidget(m_contentsTree);
-    splitter->addWidget(page);
-    splitter->setChildrenCollapsible(false);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({240, 660});
-    setCentralWidget(splitter);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setStretchFactor(1, 1);
+    setCentralWidget(m_splitter);
 
-    m_contentsTree->setHeaderHidden(true);
-    m_contentsTree->setToolTip(tr("The pages of the help"));
-    m_contentsTree->setAccessibleName(tr("Contents"));
-    connect(m_contentsTree, &QTreeWidget::currentItemChanged, this, &KWHelpWindow::openEntry);
+    connect(m_pages, &KWHelpPages::pageChosen, this, &KWHelpWindow::openEntry);
     connect(m_browser, &QTextBrowser::anchorClicked, this, &KWHelpWindow::openLink);
     connect(m_browser, &QTextBrowser::sourceChanged, this, &KWHelpWindow::followPage);
 
@@ -122,6 +114,8 @@ void KWHelpWindow::setUpActions()
     bar->addAction(addTool(tr("Find"), tr("Find words on this page"), u"edit-find"_s,
                            u"findAction"_s, {QKeySequence(u"Ctrl+F"_s)},
                            [this] { m_findBar->start(); }));
+    connect(new QShortcut(QKeySequence(u"Ctrl+Shift+F"_s), this), &QShortcut::activated, m_pages,
+            &KWHelpPages::startSearch);
     addTool(tr("Find next"), tr("Find the words further down"), {}, u"findNextAction"_s,
             {QKeySequence(u"F3"_s)}, [this] { m_findBar->findNext(); });
     addTool(tr("Find previous"), tr("Find the words further up"), {}, u"findPreviousAction"_s,
@@ -156,6 +150,7 @@ bool KWHelpWindow::showPage(const QString &path, const QString &page)
         else if (m_stoodBeside)
             resize(wantedSize());
         m_stoodBeside = dialog != nullptr;
+        shareWidth();
     }
     show();
     m_stayUsable->follow();
@@ -163,6 +158,13 @@ bool KWHelpWindow::showPage(const QString &path, const QString &page)
     activateWindow();
     m_browser->setFocus();
     return true;
+}
+
+/// Gives the page the most of a narrow window.
+void KWHelpWindow::shareWidth()
+{
+    const int pages = qMin(240, width() * 3 / 10);
+    m_splitter->setSizes({pages, width() - pages});
 }
 
 QSize KWHelpWindow::wantedSize() const
@@ -196,34 +198,19 @@ QUrl KWHelpWindow::pageUrl() const
 void KWHelpWindow::useFile(std::unique_ptr<KWHelpFile> file)
 {
     m_browser->setHelpFile(file.get());
+    m_pages->setFile(file.get());
     m_file = std::move(file);
     m_browser->clearHistory();
-    fillContents();
-}
-
-void KWHelpWindow::fillContents()
-{
-    const QSignalBlocker blocker(m_contentsTree);
-    m_contentsTree->clear();
-    m_homePage.clear();
-    QList<QTreeWidgetItem *> branch;
-    for (const KWHelpEntry &entry : m_file->contents()) {
-        branch.resize(entry.depth);
-        auto *item = branch.isEmpty() ? new QTreeWidgetItem(m_contentsTree)
-                                      : new QTreeWidgetItem(branch.last());
-        item->setText(0, entry.title);
-        item->setData(0, pageRole, entry.page);
-        branch.append(item);
-        if (m_homePage.isEmpty())
-            m_homePage = entry.page;
-    }
-    m_contentsTree->expandAll();
 }
 
 void KWHelpWindow::openLink(const QUrl &url)
 {
     if (url.scheme() == "http"_L1 || url.scheme() == "https"_L1) {
         QDesktopServices::openUrl(url);
+        return;
+    }
+    if (url.scheme() == "example"_L1) {
+        emit exampleChosen(url.path());
         return;
     }
     const QUrl target = m_browser->source().resolved(url);
@@ -236,20 +223,22 @@ void KWHelpWindow::openLink(const QUrl &url)
         emit pageMissing(page, m_file->path());
 }
 
-void KWHelpWindow::openEntry(const QTreeWidgetItem *item)
+void KWHelpWindow::openEntry(const QString &page)
 {
-    const QString page = item ? item->data(0, pageRole).toString() : QString();
-    if (page.isEmpty() || KWHelpBrowser::pageUrl(page) == m_browser->source())
+    if (page.isEmpty())
         return;
-    openLink(KWHelpBrowser::pageUrl(page));
+    if (KWHelpBrowser::pageUrl(page) != m_browser->source())
+        openLink(KWHelpBrowser::pageUrl(page));
     // The line of a page that is missing does not stay marked.
     followPage(m_browser->source());
+    if (!m_pages->words().isEmpty())
+        m_browser->find(m_pages->words().section(u' ', 0, 0));
 }
 
 void KWHelpWindow::goHome()
 {
-    if (!m_homePage.isEmpty())
-        openLink(KWHelpBrowser::pageUrl(m_homePage));
+    if (!m_pages->homePage().isEmpty())
+        openLink(KWHelpBrowser::pageUrl(m_pages->homePage()));
 }
 
 void KWHelpWindow::zoom(int steps)
@@ -266,20 +255,16 @@ void KWHelpWindow::followPage(const QUrl &url)
     //: %1 is the product's name, %2 the title of a page
     setWindowTitle(
         tr("%1 help - %2").arg(KWMainWindow::productName(), title.isEmpty() ? page : title));
-    QTreeWidgetItem *shown = nullptr;
-    for (QTreeWidgetItemIterator item(m_contentsTree); *item && !shown; ++item) {
-        const QString entry = (*item)->data(0, pageRole).toString();
-        if (!page.isEmpty() && entry.compare(page, Qt::CaseInsensitive) == 0)
-            shown = *item;
-    }
-    const QSignalBlocker blocker(m_contentsTree);
-    m_contentsTree->setCurrentItem(shown);
+    m_browser->setAccessibleName(title);
+    m_pages->setCurrentPage(page);
 }
 
 void KWHelpWindow::escape()
 {
     if (m_findBar->isVisible())
         m_findBar->finish();
+    else if (!m_pages->words().isEmpty())
+        m_pages->endSearch();
     else
         close();
 }

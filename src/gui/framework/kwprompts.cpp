@@ -1,11 +1,15 @@
 #include "gui/framework/kwprompts.h"
 
 #include "gui/framework/kwbusy.h"
+#include "gui/framework/kwmessagetext.h"
 
+#include <QClipboard>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -17,23 +21,21 @@ namespace {
 
 KWPrompts *replacedPrompts = nullptr;
 
-/// The text with places to break in words that are too long for a box, as paths are.
-QString breakable(const QString &text)
+/// A message box whose text can be copied by the usual key, as it was before it could break.
+class MessageBox : public QMessageBox
 {
-    constexpr int longestWord = 40;
-    constexpr QChar zeroWidthSpace(0x200b);
-    QString result;
-    int length = 0;
-    for (const QChar letter : text) {
-        length = letter.isSpace() ? 0 : length + 1;
-        if (length > longestWord && !letter.isLowSurrogate() && !letter.isMark()) {
-            result.append(zeroWidthSpace);
-            length = 1;
-        }
-        result.append(letter);
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->matches(QKeySequence::Copy))
+            QGuiApplication::clipboard()->setText(withoutBreaks(text()));
+        else
+            QMessageBox::keyPressEvent(event);
     }
-    return result;
-}
+};
 
 /// What the user wants to save to. Qt would take a name with quotes apart as a list of names.
 QString savePath(const QFileDialog &dialog)
@@ -48,9 +50,9 @@ QString savePath(const QFileDialog &dialog)
 int KWPrompts::showMessage(QWidget *parent, const KWMessage &message)
 {
     // A parent that deletes itself meanwhile takes the box along.
-    const QPointer<QMessageBox> box = new QMessageBox(
+    const QPointer<QMessageBox> box = new MessageBox(
         message.icon == KWMessage::Warning ? QMessageBox::Warning : QMessageBox::Critical,
-        message.caption, breakable(message.text), QMessageBox::NoButton, parent);
+        message.caption, messageText(message.text), QMessageBox::NoButton, parent);
     // A path in the text may hold what looks like markup.
     box->setTextFormat(Qt::PlainText);
     QList<QAbstractButton *> buttons;

@@ -1,6 +1,7 @@
 #include "gui/framework/kwwhatsthishelper.h"
 
 #include <QEvent>
+#include <QTextDocumentFragment>
 
 KWWhatsThisHelper::KWWhatsThisHelper(QWidget *window)
     : QObject(window)
@@ -16,8 +17,14 @@ KWWhatsThisHelper::KWWhatsThisHelper(QWidget *window)
 void KWWhatsThisHelper::copyToolTips()
 {
     for (const QPointer<QWidget> &widget : std::as_const(m_widgets)) {
-        if (widget)
-            widget->setWhatsThis(widget->toolTip());
+        if (!widget)
+            continue;
+        const QString tip = widget->toolTip();
+        widget->setWhatsThis(tip);
+        // A reader would speak the mark-up.
+        if (Qt::mightBeRichText(tip))
+            widget->setAccessibleDescription(
+                QTextDocumentFragment::fromHtml(tip).toPlainText().simplified());
     }
 }
 

@@ -6,8 +6,9 @@
 #include <QWidget>
 
 /// Gives every widget in a window that has a tool tip and no what's-this text its tool tip as
-/// what's-this text, and again in each new language. Made as the last step of a window's
-/// construction, when all its widgets are there; a child of the window.
+/// what's-this text, and without mark-up as its description, and again in each new language. Made
+/// as the last step of a window's construction, when all its widgets are there; a child of the
+/// window.
 class KWWhatsThisHelper : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 #include "gui/dialogs/kwrecentlyopeneddlgimpl.h"
 #include "gui/floorplan/kwcanvasview.h"
 #include "gui/framework/kwbusy.h"
+#include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwhelp.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwmessages.h"
 #include "gui/framework/kwprompts.h"
@@ -14,6 +16,7 @@
 #include "gui/shell/kwplanfiles.h"
 #include "ui_kwmainwin.h"
 
+#include <QPointer>
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +42,10 @@ KWFileCommands::KWFileCommands(QObject *parent, Ui::KWMainWin *ui, KWMainWindow 
     connect(ui->m_fileSaveAction, &QAction::triggered, this, &Commands::fileSave);
     connect(ui->m_fileSaveAsAction, &QAction::triggered, this, &Commands::fileSaveAs);
     connect(&m_backups, &KWBackups::due, this, &Commands::autoSave);
+    setExampleOpener([commands = QPointer(this)](const QString &path) {
+        if (commands)
+            commands->openExample(path);
+    });
 }
 
 QString KWFileCommands::planDirPath() const
@@ -106,12 +113,29 @@ void KWFileCommands::fileOpen()
         tr("Ambrelune (*.%1);;Ambrelune backup (*.%2)").arg(planExtension, backupExtension);
     const QString path = prompts()
                              .askFile(m_window->widget(), {KWFileQuestion::Open, tr("Open"),
-                                                           planDirPath(), filters, u"open plan"_s})
+                                                           openDirPath(), filters, u"open plan"_s})
                              .path;
     if (path.isEmpty())
         return;
     m_planDir = QFileInfo(path).absoluteDir();
     openPlan(path);
+}
+
+void KWFileCommands::openExample(const QString &path)
+{
+    if (!maySaveAndClose())
+        return;
+    openPlan(path);
+    m_window->widget()->activateWindow();
+}
+
+QString KWFileCommands::openDirPath() const
+{
+    const bool knowsNoPlan = m_recentPlans.paths().isEmpty() && docPath().isEmpty() &&
+                             m_planDir == QDir::current() &&
+                             m_planDir.entryList({u"*."_s + planExtension}, QDir::Files).isEmpty();
+    return knowsNoPlan && QFileInfo(exampleDirectory()).isDir() ? exampleDirectory()
+                                                                : planDirPath();
 }
 
 bool KWFileCommands::openPlan(const QString &path)

@@ -33,6 +33,9 @@ public:
     /// Replaces the plan by a file's and tells of all that goes wrong; after a failure the plan is
     /// empty and has no file. Whether it was opened.
     bool openPlan(const QString &path);
+    /// Opens a plan that a page of the help offers, if the user does not want to keep the present
+    /// one.
+    void openExample(const QString &path);
     /// Saves the plan and tells of a failure; the plan then stays modified.
     void savePlan(const QString &path);
 
@@ -60,6 +63,8 @@ private:
     SaveAnswer askToSave();
     /// A file that was opened or saved is the last one used.
     void noteUse(const QString &path);
+    /// Where opening begins: a user who has no plan yet is shown the examples.
+    QString openDirPath() const;
     /// The result of KWDocument::load(), which is left to read files only.
     int loadPlan(const QString &path, KWViewSettings &settings, bool &otherVersion);
     void reportLoadResult(int result, const QString &path);

@@ -111,6 +111,16 @@ Dialog insertTables(FakeMainWindow &window)
     return dialog;
 }
 
+Dialog afterAnotherShape(FakeMainWindow &window, KWTable::Shape from, KWTable::Shape to)
+{
+    auto dialog = std::make_unique<KWTableDlgImpl>(nullptr, window.document(), from);
+    for (const char *side : {"m_seatsAcrossSpinBox", "m_seatsDownSpinBox", "m_seatsAcrossSpinBox_2",
+                             "m_seatsDownSpinBox_2"})
+        child<QSpinBox>(*dialog, side)->setValue(25);
+    dialog->shapeSelected(to);
+    return dialog;
+}
+
 Dialog editCustomTable(FakeMainWindow &window)
 {
     KWDocument &plan = *window.document();
@@ -175,6 +185,18 @@ const QList<DialogRow> &dialogs()
           s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
         {"edit group", editGroup, {s("Alt+N: m_groupNotesLabel, qt_tabwidget_tabbar")}},
         {"insert circular tables", insertTables},
+        {"rectangular table made circular",
+         [](FakeMainWindow &window) {
+             return afterAnotherShape(window, KWTable::Rectangular, KWTable::Circular);
+         }},
+        {"custom table made a head table",
+         [](FakeMainWindow &window) {
+             return afterAnotherShape(window, KWTable::Custom, KWTable::HeadTop);
+         }},
+        {"circular table made rectangular",
+         [](FakeMainWindow &window) {
+             return afterAnotherShape(window, KWTable::Circular, KWTable::Rectangular);
+         }},
         {"edit custom table", editCustomTable},
         {"colours of the floor plan",
          [](FakeMainWindow &window) {
@@ -307,6 +329,62 @@ private slots:
                 QCOMPARE(widget->whatsThis(), widget->toolTip());
         }
         QVERIFY(dialog->findChild<QObject *>(s("KWStyleHelper"), Qt::FindDirectChildrenOnly));
+    }
+
+    void readersHearNoMarkUp_data() { addDialogRows(); }
+
+    void readersHearNoMarkUp()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        for (QWidget *widget : dialog->findChildren<QWidget *>()) {
+            const QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(widget);
+            QVERIFY2(!reader->text(QAccessible::Description).contains(u'<') ||
+                         !Qt::mightBeRichText(reader->text(QAccessible::Description)),
+                     qPrintable(widget->objectName()));
+        }
+    }
+
+    void labelsLeadToWhatTakesTheFocus_data() { addDialogRows(); }
+
+    void labelsLeadToWhatTakesTheFocus()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+            const QWidget *buddy = label->buddy();
+            QVERIFY2(!buddy || (buddy->focusPolicy() != Qt::NoFocus && !buddy->focusProxy()),
+                     qPrintable(label->objectName()));
+        }
+    }
+
+    void pastedLineBreaksBecomeBlanksInEveryField_data() { addDialogRows(); }
+
+    void pastedLineBreaksBecomeBlanksInEveryField()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        QApplication::clipboard()->setText(s("Anna\nMaria\tEva\r\n"));
+        for (QLineEdit *field : dialog->findChildren<QLineEdit *>()) {
+            if (field->isReadOnly())
+                continue;
+            field->paste();
+            for (const QChar letter : field->text())
+                QVERIFY2(letter.isPrint(), qPrintable(field->objectName()));
+        }
+    }
+
+    void boxesChangeAtOnceByTheirLetter_data() { addDialogRows(); }
+
+    void boxesChangeAtOnceByTheirLetter()
+    {
+        SHOW_FETCHED_DIALOG(dialog);
+        const QString clashes = dialogs().at(index).givenClashes.join(u' ');
+        for (const QCheckBox *box : dialog->findChildren<QCheckBox *>()) {
+            const QKeySequence keys = box->shortcut();
+            if (!box->isVisible() || keys.isEmpty() || clashes.contains(box->objectName()))
+                continue;
+            const bool before = box->isChecked();
+            QTest::keySequence(dialog.operator->(), keys);
+            QVERIFY2(box->isChecked() != before, qPrintable(box->objectName()));
+        }
     }
 
     void theDialogFitsOnASmallScreen_data() { addDialogRows(); }

@@ -85,9 +85,27 @@ private slots:
         OpenColours open;
         open.prompts.answer(s("&OK"));
         giveName(open.user, name);
+        QString kept;
+        open.user.onDialog<KWGetStringDlgImpl>([&kept](KWGetStringDlgImpl &dialog) {
+            kept = dialog.text();
+            dialog.reject();
+        });
         open.dialog.click("m_saveThemeButton");
         QCOMPARE(messages(open.prompts), QStringList{s("Ambrelune: Invalid theme name [&OK]!")});
+        QCOMPARE(kept, name);
         QCOMPARE(ownFile(), QByteArray("Red^9,9,9\r\n"));
+    }
+
+    void anInvalidNameCanBeMadeAValidOne()
+    {
+        writeOwnThemes("Red^9,9,9\r\n");
+        OpenColours open;
+        open.prompts.answer(s("&OK"));
+        giveName(open.user, s("^"));
+        giveName(open.user, s("Blue"), s("^"));
+        open.dialog.click("m_saveThemeButton");
+        QCOMPARE(open.dialog.themes(), QStringList({s("Blue"), s("Red")}));
+        QCOMPARE(open.dialog.current(), s("Blue"));
     }
 
     void noNameSavesNothing()

@@ -103,6 +103,44 @@ private slots:
         }
     }
 
+    void aThemeThatIsGoneLeavesTheList()
+    {
+        writeOwnThemes("Red^9,9,9\r\n" + lineOfManyColours("Blue") + "\r\n");
+        OpenColours open;
+        open.dialog.pick("Blue");
+        const QString before = open.dialog.shownFloorPlan();
+        writeOwnThemes("Red^9,9,9\r\n");
+        open.dialog.click("m_loadThemeButton");
+        QCOMPARE(open.dialog.themes(), QStringList{s("Red")});
+        QCOMPARE(open.dialog.current(), s("none"));
+        QVERIFY(!open.dialog.isEnabled("m_loadThemeButton"));
+        QCOMPARE(open.dialog.shownFloorPlan(), before);
+    }
+
+    void eachThemeShowsItsRoomTableAndSeats()
+    {
+        writeOwnThemes(lineOfManyColours("Blue") + "\r\n");
+        const OpenColours open;
+        const KWColours colours = manyColours();
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) {
+            const QIcon icon = open.dialog.list->item(0)->icon();
+            const QImage picture = icon.pixmap({31, 14}, mode).toImage();
+            QCOMPARE(picture.pixelColor(5, 7), colours.inside);
+            QCOMPARE(picture.pixelColor(15, 7), colours.tables);
+            QCOMPARE(picture.pixelColor(25, 7), colours.seats);
+        }
+    }
+
+    void theThemeThatWasLoadedStaysCurrent()
+    {
+        writeOwnThemes("Red^9,9,9\r\nBlue^1,2,3\r\n");
+        OpenColours open;
+        open.dialog.pick("Red");
+        open.dialog.click("m_loadThemeButton");
+        QCOMPARE(open.dialog.current(), s("Red"));
+        QVERIFY(open.dialog.list->currentItem()->isSelected());
+    }
+
     void aLoadedThemeIsPreviewed()
     {
         writeOwnThemes(lineOfManyColours("Blue") + "\r\n");

@@ -229,6 +229,47 @@ private slots:
         QCOMPARE(modified.size(), 1);
     }
 
+    void okWithoutAChangeLeavesThePlanUnmodified_data()
+    {
+        QTest::addColumn<Mode>("mode");
+        QTest::newRow("floor plan") << FloorPlan;
+        QTest::newRow("table chart") << TableChart;
+        QTest::newRow("guest chart") << GuestChart;
+    }
+
+    void okWithoutAChangeLeavesThePlanUnmodified()
+    {
+        QFETCH(Mode, mode);
+        for (const bool isNew : {true, false}) {
+            FakeMainWindow window;
+            KWDocument &plan = *window.document();
+            if (!isNew)
+                fill(plan);
+            plan.setModified(false);
+            const QSignalSpy modified(&plan, &KWDocument::eventModified);
+            ColoursDialog dialog(plan, mode);
+            dialog.apply();
+            QCOMPARE(dialog.result(), int(QDialog::Accepted));
+            QCOMPARE(window.undoLabels, QStringList{s("Change colours and fonts")});
+            QVERIFY(!plan.isModified());
+            QCOMPARE(modified.size(), 0);
+        }
+    }
+
+    void aFontAloneIsAChange()
+    {
+        FakeMainWindow window;
+        KWDocument &plan = *window.document();
+        plan.setModified(false);
+        ColoursDialog dialog(plan);
+        ScriptedPrompts prompts;
+        prompts.answerFont(serif(33));
+        dialog.changeFont();
+        dialog.apply();
+        QVERIFY(plan.isModified());
+        QCOMPARE(plan.floorPlanFont().pointSize(), 33);
+    }
+
     void enterAppliesToo()
     {
         FakeMainWindow window;

@@ -55,6 +55,7 @@ private slots:
         row("  ann", "Ann", "ann");
         row("\t ann lee ", "Ann Lee ", "ann lee ");
         row("\u00a0ann", "Ann", "ann");
+        row("anna\nmaria\r\n", "Anna Maria  ", "anna maria  ");
         row("mary-ann o'neil", "Mary-Ann O'Neil");
         row("o\u2019neil", "O\u2019Neil");
         row("McDonald", "McDonald");

@@ -64,7 +64,7 @@ void TestKWTableDlgEdit::theTableIsShown_data()
     QTest::addColumn<int>("shape");
     QTest::addColumn<QString>("seats");
     QTest::newRow("circular") << int(KWTable::Circular) << s("7");
-    QTest::newRow("rectangular") << int(KWTable::Rectangular) << s("7 × 3 = [20]");
+    QTest::newRow("rectangular") << int(KWTable::Rectangular) << s("2 × (7 + 3) = [20]");
     QTest::newRow("head, top") << int(KWTable::HeadTop) << s("7");
     QTest::newRow("head, right") << int(KWTable::HeadRight) << s("7");
     QTest::newRow("head, bottom") << int(KWTable::HeadBottom) << s("7");
@@ -163,8 +163,8 @@ void TestKWTableDlgEdit::moreSeatsThanTheFormMakesStay_data()
     QTest::addColumn<QString>("other");
     QTest::addColumn<QString>("split");
     QTest::newRow("circular") << int(KWTable::Circular) << s("140") << s("rectangular")
-                              << s("35 × 35 = [140]");
-    QTest::newRow("rectangular") << int(KWTable::Rectangular) << s("140 × 30 = [340]")
+                              << s("2 × (35 + 35) = [140]");
+    QTest::newRow("rectangular") << int(KWTable::Rectangular) << s("2 × (140 + 30) = [340]")
                                  << s("Custom") << s("140 + 30 + 140 + 30 = [340]");
     QTest::newRow("custom") << int(KWTable::Custom) << s("140 + 30 + 40 + 50 = [260]")
                             << s("circular") << s("260");
@@ -284,7 +284,7 @@ void TestKWTableDlgEdit::aNewShapeWithFewerSeatsIsRefusedTooWhereAGuestIsLocked(
     prompts.answer(s("&OK"));
     TableDialog dialog(nullptr, m_plan, table);
     GuestForm::pick(dialog.shape, "rectangular");
-    QCOMPARE(dialog.seats(), s("1 × 2 = [6]"));
+    QCOMPARE(dialog.seats(), s("2 × (1 + 2) = [6]"));
     QVERIFY(!dialog.apply());
     QCOMPARE(prompts.texts().size(), 1);
     QCOMPARE(facts(*table), s("Top|6|1 2 3 4|10|"));

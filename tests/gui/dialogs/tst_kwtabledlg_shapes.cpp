@@ -1,3 +1,4 @@
+#include "gui/appearance/kwpixmaps.h"
 #include "support/gui/tabledialogtest.h"
 #include "support/registeredtest.h"
 
@@ -23,6 +24,9 @@ private slots:
     void theSameShapeAgainChangesNothing();
     void theTotalFollowsTheSides();
     void aTotalOfSidesCannotBeTyped();
+    void theKeysPassByATotalThatCannotBeTyped();
+    void aReaderIsToldWhichSideABoxIsFor();
+    void eachShapeHasItsPicture();
     void arrowKeysChangeTheShapeToo();
     void aNewShapeHasItsCaption();
     void aPickMovesTheFocusToTheFirstNumber_data();
@@ -43,19 +47,19 @@ void TestKWTableDlgShapes::aTotalIsSplitOverTheSides_data()
     const auto row = [](int total, const char *rectangular, const char *custom) {
         QTest::addRow("%d", total) << total << s(rectangular) << s(custom);
     };
-    row(0, "0 × 0 = [0]", "0 + 0 + 0 + 0 = [0]");
-    row(1, "1 × 0 = [2]", "1 + 0 + 1 + 2 = [4]");
-    row(2, "0 × 1 = [2]", "0 + 1 + 0 + 2 = [3]");
-    row(3, "1 × 1 = [4]", "1 + 1 + 1 + 2 = [5]");
-    row(4, "1 × 1 = [4]", "1 + 1 + 1 + 2 = [5]");
-    row(5, "2 × 1 = [6]", "2 + 1 + 2 + 2 = [7]");
-    row(6, "1 × 2 = [6]", "1 + 2 + 1 + 2 = [6]");
-    row(7, "2 × 2 = [8]", "2 + 2 + 2 + 2 = [8]");
-    row(8, "2 × 2 = [8]", "2 + 2 + 2 + 2 = [8]");
-    row(9, "3 × 2 = [10]", "3 + 2 + 3 + 2 = [10]");
-    row(10, "2 × 3 = [10]", "2 + 3 + 2 + 2 = [9]");
-    row(99, "25 × 25 = [100]", "25 + 25 + 25 + 2 = [77]");
-    row(100, "25 × 25 = [100]", "25 + 25 + 25 + 2 = [77]");
+    row(0, "2 × (0 + 0) = [0]", "0 + 0 + 0 + 0 = [0]");
+    row(1, "2 × (1 + 0) = [2]", "1 + 0 + 1 + 2 = [4]");
+    row(2, "2 × (0 + 1) = [2]", "0 + 1 + 0 + 2 = [3]");
+    row(3, "2 × (1 + 1) = [4]", "1 + 1 + 1 + 2 = [5]");
+    row(4, "2 × (1 + 1) = [4]", "1 + 1 + 1 + 2 = [5]");
+    row(5, "2 × (2 + 1) = [6]", "2 + 1 + 2 + 2 = [7]");
+    row(6, "2 × (1 + 2) = [6]", "1 + 2 + 1 + 2 = [6]");
+    row(7, "2 × (2 + 2) = [8]", "2 + 2 + 2 + 2 = [8]");
+    row(8, "2 × (2 + 2) = [8]", "2 + 2 + 2 + 2 = [8]");
+    row(9, "2 × (3 + 2) = [10]", "3 + 2 + 3 + 2 = [10]");
+    row(10, "2 × (2 + 3) = [10]", "2 + 3 + 2 + 2 = [9]");
+    row(99, "2 × (25 + 25) = [100]", "25 + 25 + 25 + 2 = [77]");
+    row(100, "2 × (25 + 25) = [100]", "25 + 25 + 25 + 2 = [77]");
 }
 
 void TestKWTableDlgShapes::aTotalIsSplitOverTheSides()
@@ -88,7 +92,7 @@ void TestKWTableDlgShapes::everyShapeWithoutSidesIsSplit()
     TableDialog inserting(nullptr, &m_plan, shape);
     TableDialog::type(inserting.total, 9);
     GuestForm::pick(inserting.shape, "rectangular");
-    QCOMPARE(inserting.seats(), s("3 × 2 = [10]"));
+    QCOMPARE(inserting.seats(), s("2 × (3 + 2) = [10]"));
     TableDialog editing(nullptr, &m_plan, addTable(m_plan, "T", shape, 14));
     GuestForm::pick(editing.shape, "Custom");
     QCOMPARE(editing.seats(), s("3 + 4 + 3 + 2 = [12]"));
@@ -116,7 +120,7 @@ void TestKWTableDlgShapes::noSeatsGiveFourEmptySides()
 void TestKWTableDlgShapes::aRectangleGivesACustomTableItsFourSides()
 {
     TableDialog dialog(nullptr, &m_plan, addRectangular(m_plan, "T", 3, 4));
-    QCOMPARE(dialog.seats(), s("3 × 4 = [14]"));
+    QCOMPARE(dialog.seats(), s("2 × (3 + 4) = [14]"));
     GuestForm::pick(dialog.shape, "Custom");
     QCOMPARE(dialog.seats(), s("3 + 4 + 3 + 4 = [14]"));
 }
@@ -126,7 +130,7 @@ void TestKWTableDlgShapes::aCustomTableGivesARectangleItsFirstTwoSides()
     TableDialog dialog(nullptr, &m_plan, addCustom(m_plan, "T", 1, 2, 3, 4));
     QCOMPARE(dialog.seats(), s("1 + 2 + 3 + 4 = [10]"));
     GuestForm::pick(dialog.shape, "rectangular");
-    QCOMPARE(dialog.seats(), s("1 × 2 = [6]"));
+    QCOMPARE(dialog.seats(), s("2 × (1 + 2) = [6]"));
 }
 
 void TestKWTableDlgShapes::withoutSidesTheTotalStaysAndCanBeTyped_data()
@@ -141,7 +145,7 @@ void TestKWTableDlgShapes::withoutSidesTheTotalStaysAndCanBeTyped()
     QFETCH(int, shape);
     TableDialog dialog(nullptr, &m_plan, KWTable::Rectangular);
     TableDialog::type(dialog.across, 5);
-    QCOMPARE(dialog.seats(), s("5 × 2 = [14]"));
+    QCOMPARE(dialog.seats(), s("2 × (5 + 2) = [14]"));
     GuestForm::pick(dialog.shape, qPrintable(dialog.shape->itemText(shape)));
     QCOMPARE(dialog.seats(), s("14"));
     QCOMPARE(dialog.total->buttonSymbols(), QSpinBox::UpDownArrows);
@@ -154,7 +158,7 @@ void TestKWTableDlgShapes::theSameShapeAgainChangesNothing_data()
     QTest::addColumn<int>("shape");
     QTest::addColumn<QString>("seats");
     QTest::newRow("circular") << int(KWTable::Circular) << s("9");
-    QTest::newRow("rectangular") << int(KWTable::Rectangular) << s("5 × 2 = [14]");
+    QTest::newRow("rectangular") << int(KWTable::Rectangular) << s("2 × (5 + 2) = [14]");
     QTest::newRow("custom") << int(KWTable::Custom) << s("5 + 2 + 2 + 2 = [11]");
 }
 
@@ -199,13 +203,53 @@ void TestKWTableDlgShapes::aTotalOfSidesCannotBeTyped()
     }
 }
 
+void TestKWTableDlgShapes::theKeysPassByATotalThatCannotBeTyped()
+{
+    TableDialog dialog(nullptr, &m_plan, KWTable::Rectangular);
+    QVERIFY(showActive(dialog));
+    dialog.down->setFocus();
+    QTest::keyClick(dialog.down, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), dialog.tables);
+    QTest::mouseClick(dialog.total->findChild<QLineEdit *>(), Qt::LeftButton);
+    QCOMPARE(QApplication::focusWidget(), dialog.tables);
+    dialog.shapeSelected(KWTable::Circular);
+    QTest::keyClick(dialog.tables, Qt::Key_Backtab);
+    QCOMPARE(QApplication::focusWidget(), dialog.total);
+}
+
+void TestKWTableDlgShapes::aReaderIsToldWhichSideABoxIsFor()
+{
+    const auto names = [](const TableDialog &dialog) {
+        QStringList shown;
+        for (const QSpinBox *box : {dialog.across, dialog.down, dialog.across2, dialog.down2}) {
+            if (box->isVisibleTo(&dialog))
+                shown.append(box->accessibleName());
+        }
+        return shown;
+    };
+    const TableDialog custom(nullptr, &m_plan, KWTable::Custom);
+    QCOMPARE(names(custom), QStringList({s("Seats at the top"), s("Seats at the right"),
+                                         s("Seats at the bottom"), s("Seats at the left")}));
+    const TableDialog rectangular(nullptr, &m_plan, KWTable::Rectangular);
+    QCOMPARE(names(rectangular), QStringList({s("Seats at the top, and as many at the bottom"),
+                                              s("Seats at the right, and as many at the left")}));
+}
+
+void TestKWTableDlgShapes::eachShapeHasItsPicture()
+{
+    const TableDialog dialog(nullptr, &m_plan, KWTable::Circular);
+    for (int shape = KWTable::Circular; shape <= KWTable::Custom; ++shape)
+        QCOMPARE(dialog.shape->itemIcon(shape).pixmap(16).toImage(),
+                 KWPixmaps::instance().table(shape).toImage());
+}
+
 void TestKWTableDlgShapes::arrowKeysChangeTheShapeToo()
 {
     TableDialog dialog(nullptr, &m_plan, KWTable::Circular);
     QVERIFY(showActive(dialog));
     dialog.shape->setFocus();
     QTest::keyClick(dialog.shape, Qt::Key_Down);
-    QCOMPARE(dialog.seats(), s("2 × 2 = [8]"));
+    QCOMPARE(dialog.seats(), s("2 × (2 + 2) = [8]"));
     QVERIFY(dialog.shape->hasFocus());
     QTest::keyClick(dialog.shape, Qt::Key_End);
     QCOMPARE(dialog.seats(), s("2 + 2 + 2 + 2 = [8]"));
@@ -228,7 +272,8 @@ void TestKWTableDlgShapes::aPickMovesTheFocusToTheFirstNumber_data()
     QTest::addColumn<int>("from");
     QTest::addColumn<QString>("to");
     QTest::addColumn<QString>("seats");
-    QTest::newRow("rectangular") << int(KWTable::Circular) << s("rectangular") << s("9 × 2 = [22]");
+    QTest::newRow("rectangular") << int(KWTable::Circular) << s("rectangular")
+                                 << s("2 × (9 + 2) = [22]");
     QTest::newRow("custom") << int(KWTable::HeadTop) << s("Custom") << s("9 + 2 + 2 + 2 = [15]");
     QTest::newRow("circular") << int(KWTable::Rectangular) << s("circular") << s("9");
     QTest::newRow("head") << int(KWTable::Custom) << s("Head (seats at left)") << s("9");

@@ -111,10 +111,11 @@ void TestKWTableDlgImpl::eachWidgetHasItsTexts_data()
         {"m_seatsDownSpinBox", "2", "Number of seats down"},
         {"m_seatsAcrossSpinBox_2", "2", "Number of seats across"},
         {"m_seatsDownSpinBox_2", "2", "Number of seats down"},
-        {"m_timesTextLabel", "×", ""},
+        {"m_twiceTextLabel", "2 × (", ""},
+        {"m_timesTextLabel", "+", ""},
         {"m_timesTextLabel_2", "+", ""},
         {"m_timesTextLabel_3", "+", ""},
-        {"m_equalsTextLabel", "=", ""},
+        {"m_equalsTextLabel", ") =", ""},
         {"m_seatsTotalSpinBox", "8", "Total number of seats"},
         {"m_addPushButton", "&Add", "Add table(s) and close window", "Alt+A"},
         {"m_okPushButton", "&OK", "Accept changes and close window", "Alt+O"},
@@ -168,7 +169,7 @@ void TestKWTableDlgImpl::insertingHasTheCaptionIconAndFieldsOfItsShape_data()
     QTest::addColumn<QString>("caption");
     QTest::addColumn<QString>("seats");
     QTest::newRow("circular") << s("Insert circular table") << s("8");
-    QTest::newRow("rectangular") << s("Insert rectangular table") << s("2 × 2 = [8]");
+    QTest::newRow("rectangular") << s("Insert rectangular table") << s("2 × (2 + 2) = [8]");
     for (const char *side : {"top", "right", "bottom", "left"})
         QTest::addRow("head, %s", side) << s("Insert head table") << s("8");
     QTest::newRow("custom") << s("Insert custom table") << s("2 + 2 + 2 + 2 = [8]");
@@ -333,7 +334,7 @@ void TestKWTableDlgImpl::aNewLanguageTranslatesTheOpeningInUse()
     QCOMPARE(button->shortcut(), QKeySequence(Qt::ALT | (insert ? Qt::Key_A : Qt::Key_O)));
     QTRY_VERIFY(button->whatsThis().startsWith(u'['));
     QCOMPARE(dialog->shape->currentText(), s("[circular]"));
-    QCOMPARE(dialog->across->accessibleName(), s("[Number of seats across/around]"));
+    QCOMPARE(dialog->across->accessibleName(), s("[Seats at the top, and as many at the bottom]"));
     if (insert)
         QCOMPARE(dialog->line->text(), s("[giving a total of 8 seats for 0 guests]"));
 }

@@ -123,6 +123,17 @@ private slots:
         button.setToolTip(s("Change text colour"));
         QCOMPARE(inner(button)->accessibleName(), s("Change text colour"));
     }
+
+    void theColourIsToldToo()
+    {
+        KWColourButton button;
+        button.setColour(QColor(255, 250, 240));
+        QCOMPARE(inner(button)->accessibleDescription(), s("red 255, green 250, blue 240"));
+        ScriptedPrompts prompts;
+        prompts.answerColour(QColor(1, 2, 3));
+        button.changeColour();
+        QCOMPARE(inner(button)->accessibleDescription(), s("red 1, green 2, blue 3"));
+    }
 };
 
 REGISTER_TEST(TestKWColourButton)

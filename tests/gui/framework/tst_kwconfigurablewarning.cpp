@@ -28,8 +28,8 @@ QStringList visibleButtons(const QWidget &dialog)
 {
     QStringList texts;
     for (const char *name : {"m_button1", "m_button2", "m_button3"}) {
-        if (!button(dialog, name)->isHidden())
-            texts.append(button(dialog, name)->text());
+        if (const QPushButton *shown = button(dialog, name); shown && !shown->isHidden())
+            texts.append(shown->text());
     }
     return texts;
 }
@@ -174,6 +174,60 @@ private slots:
         QVERIFY(KWUserSettings().warningDeleteGuest());
     }
 
+    void aBlankPressesTheDefaultButtonAndLeavesTheBoxAlone()
+    {
+        QCOMPARE(warn([](Dialog &dialog) {
+                     QVERIFY(button(dialog, "m_button1")->hasFocus());
+                     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+                 }),
+                 0);
+        QVERIFY(KWUserSettings().warningDeleteGuest());
+    }
+
+    void theTabKeyGoesThroughTheButtonsToTheBox()
+    {
+        warn([](Dialog &dialog) {
+            QStringList stops;
+            for (int i = 0; i < 4; ++i) {
+                stops.append(QApplication::focusWidget()->objectName());
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            }
+            QCOMPARE(stops, (QStringList{s("m_button1"), s("m_button2"), s("m_showWarningCheckBox"),
+                                         s("m_button1")}));
+            dialog.button1Pressed();
+        });
+    }
+
+    void aReaderFindsNoButtonWithoutAText()
+    {
+        const Dialog dialog(nullptr, s("Really?"));
+        for (const QPushButton *button : dialog.findChildren<QPushButton *>())
+            QVERIFY(!button->text().isEmpty());
+        QCOMPARE(dialog.findChildren<QPushButton *>().size(), 2);
+    }
+
+    void aNameOfAnyLengthLeavesTheButtonsOnTheScreen_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("one word") << QString(5000, u'w');
+        QTest::newRow("many words") << s("word ").repeated(1000);
+        QTest::newRow("many lines") << s("line\n").repeated(1000);
+    }
+
+    void aNameOfAnyLengthLeavesTheButtonsOnTheScreen()
+    {
+        QFETCH(QString, name);
+        Dialog dialog(nullptr, s("Allow guest with duplicate name '%1'?").arg(name));
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QVERIFY2(dialog.height() < 500, qPrintable(QString::number(dialog.height())));
+        QVERIFY2(dialog.width() < 1000, qPrintable(QString::number(dialog.width())));
+        const auto *message = dialog.findChild<QLabel *>(s("m_message"));
+        const QRect text =
+            message->fontMetrics().boundingRect(message->rect(), Qt::TextWordWrap, message->text());
+        QVERIFY(message->rect().contains(text));
+    }
+
     void untickingAndPressingAnyButtonTurnsTheWarningOff_data()
     {
         QTest::addColumn<QKeySequence>("keys");
@@ -189,7 +243,7 @@ private slots:
         QFETCH(int, result);
         const int answer = warn([&keys](Dialog &dialog) {
             QTest::keyClick(&dialog, Qt::Key_S, Qt::AltModifier);
-            QTRY_VERIFY(!dialog.showWarning());
+            QVERIFY(!dialog.showWarning());
             QTest::keySequence(&dialog, keys);
         });
         QCOMPARE(answer, result);

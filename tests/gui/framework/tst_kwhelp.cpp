@@ -26,6 +26,20 @@ QList<KWHelpWindow *> helpWindows()
     return result;
 }
 
+/// Writes down which examples are to be opened while it lives.
+class ExampleLog
+{
+public:
+    ExampleLog()
+    {
+        setExampleOpener([this](const QString &path) { opened.append(path); });
+    }
+    ~ExampleLog() { setExampleOpener({}); }
+    Q_DISABLE_COPY_MOVE(ExampleLog)
+
+    QStringList opened;
+};
+
 /// Notes the cursor that is up when a help window is shown.
 class CursorWatch : public QObject
 {
@@ -52,6 +66,10 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
+    void anExampleThatAPageOffersIsOpened();
+    void aPageLeadsToNoOtherFiles_data();
+    void aPageLeadsToNoOtherFiles();
+    void underADialogNoExampleIsOpened();
     void theFileInTheStartDirectoryComesFirst();
     void thenTheOneInThePresentDirectory();
     void thenTheOneBesideTheProgram();
@@ -110,6 +128,55 @@ QString TestHelp::put(const QString &directory) const
     if (!file.open(QIODevice::WriteOnly) || file.write(m_help) != m_help.size())
         qFatal("cannot write the help file");
     return path;
+}
+
+void TestHelp::anExampleThatAPageOffersIsOpened()
+{
+    const ExampleLog log;
+    put(m_start);
+    QVERIFY(showHelpTopic(u"Tutorial.htm"_s));
+    helpWindows().constFirst()->openLink(QUrl(u"example:wedding.kw"_s));
+    QCOMPARE(log.opened, QStringList{exampleDirectory() + u"/wedding.kw"_s});
+    QVERIFY(QFile::exists(log.opened.constFirst()));
+    setExampleOpener({});
+    helpWindows().constFirst()->openLink(QUrl(u"example:wedding.kw"_s));
+    QCOMPARE(log.opened.size(), 1);
+}
+
+void TestHelp::aPageLeadsToNoOtherFiles_data()
+{
+    QTest::addColumn<QUrl>("url");
+    QTest::newRow("not there") << QUrl(u"example:none.kw"_s);
+    QTest::newRow("absolute") << QUrl(u"example:/etc/passwd"_s);
+    QTest::newRow("relative") << QUrl(u"example:../themes/themes.txt"_s);
+    QTest::newRow("directory") << QUrl(u"example:.."_s);
+    QTest::newRow("nothing") << QUrl(u"example:"_s);
+}
+
+void TestHelp::aPageLeadsToNoOtherFiles()
+{
+    QFETCH(QUrl, url);
+    const ExampleLog log;
+    put(m_start);
+    QVERIFY(showHelpTopic(u"Tutorial.htm"_s));
+    helpWindows().constFirst()->openLink(url);
+    QCOMPARE(log.opened, QStringList());
+}
+
+void TestHelp::underADialogNoExampleIsOpened()
+{
+    const ExampleLog log;
+    put(m_start);
+    QVERIFY(showHelpTopic(u"Tutorial.htm"_s));
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    QTRY_COMPARE(QApplication::activeModalWidget(), &dialog);
+    ScriptedPrompts prompts;
+    prompts.answer(u"&OK"_s);
+    helpWindows().constFirst()->openLink(QUrl(u"example:wedding.kw"_s));
+    QCOMPARE(prompts.texts(), QStringList{u"Close the other window before you open an example."_s});
+    QCOMPARE(log.opened, QStringList());
 }
 
 void TestHelp::theFileInTheStartDirectoryComesFirst()

@@ -2,7 +2,9 @@
 #include "support/registeredtest.h"
 #include "support/sourcepath.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QRegularExpression>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QtTest>
 
@@ -58,73 +60,65 @@ QString plain(const QString &html)
         .simplified();
 }
 
-/// The menus, buttons, boxes and captions of the program without their ampersands. Whoever names
-/// a new one in a page adds it here, as the program shows it.
-const QSet<QString> &programTexts()
+QString contentsOf(const QString &path)
 {
-    static const QSet<QString> texts{
-        // menus of the main window
-        u"File"_s, u"Edit"_s, u"View"_s, u"Insert"_s, u"Help"_s, u"New"_s, u"Open..."_s,
-        u"Open recent..."_s, u"Save"_s, u"Save As..."_s, u"Information..."_s, u"Automatic layout"_s,
-        u"Import data..."_s, u"Export"_s, u"Data..."_s, u"Floor plan..."_s, u"Table chart..."_s,
-        u"Guest chart..."_s, u"Print..."_s, u"Exit"_s, u"Undo"_s, u"Redo"_s, u"Copy"_s,
-        u"Proximity"_s, u"Next to"_s, u"Near to"_s, u"Neutral"_s, u"Not next to"_s,
-        u"Not near to"_s, u"Locked"_s, u"Has accepted"_s, u"Unassign"_s, u"Rotate table"_s,
-        u"Delete"_s, u"Properties..."_s, u"Preferences..."_s, u"Left pane"_s, u"Top pane"_s,
-        u"Bottom pane"_s, u"Single guest..."_s, u"Guest couple..."_s, u"Guest family..."_s,
-        u"Guest group..."_s, u"Circular table..."_s, u"Rectangular table..."_s, u"Head table..."_s,
-        u"Custom table..."_s, u"Contents"_s, u"Quick start guide"_s, u"Tutorial"_s, u"Whats this"_s,
-        u"Web pages"_s, u"About..."_s,
-        // entries that name what they work on
-        u"Undo Edit Information"_s, u"Redo Edit Information"_s, u"Undo Insert guest"_s,
-        u"Undo Edit guest"_s, u"Undo Edit group"_s, u"Undo New table(s)"_s, u"Undo Edit table"_s,
-        u"Undo Auto layout"_s, u"Undo Change colours and fonts"_s, u"Copy Floor plan"_s,
-        u"Print Floor plan..."_s, u"Print Table chart..."_s, u"Print Guest chart..."_s,
-        // the layout
-        u"Stop (Esc)"_s,
-        // panes
-        u"Guests"_s, u"Groups"_s, u"Floor plan"_s, u"Schematic"_s, u"Table chart"_s,
-        u"Guest chart"_s, u"Statistics"_s,
-        // the list of guests
-        u"Find:"_s, u"VIP"_s, u"Accepted"_s, u"Show guest in plan"_s,
-        // the panel of the floor plan
-        u"Guest name:"_s, u"gender"_s, u"age"_s, u"groups"_s,
-        // buttons
-        u"OK"_s, u"Cancel"_s, u"Add"_s, u"Yes"_s, u"No"_s, u"Don't save"_s, u"Save as"_s,
-        u"Continue"_s, u"Stop (Esc)"_s,
-        // file window
-        u"Ambrelune backup (*.kwb)"_s,
-        // Information
-        u"Event"_s, u"Venue"_s, u"Date"_s, u"Days remaining:"_s, u"Cost"_s, u"Fixed:"_s,
-        u"Per adult:"_s, u"Per child:"_s, u"Total (all guests):"_s, u"Total (accepted guests):"_s,
-        u"Notes"_s,
-        // Insert guest, Guest properties, Group properties
-        u"Guest"_s, u"Group"_s, u"Contact"_s, u"Title:"_s, u"First name:"_s, u"Last name:"_s,
-        u"Display name:"_s, u"Gender:"_s, u"Undefined"_s, u"Male"_s, u"Female"_s, u"Age:"_s,
-        u"Adult"_s, u"Child"_s, u"Meal:"_s, u"Notes:"_s, u"VIP"_s, u"accepted invite"_s,
-        u"locked"_s, u"Assigned:"_s, u"Name:"_s, u"Address 1:"_s, u"Address 2:"_s, u"Town/City:"_s,
-        u"State/County:"_s, u"ZIP/Postcode:"_s, u"Country:"_s, u"Work phone:"_s, u"Home phone:"_s,
-        u"Mobile:"_s, u"Email:"_s,
-        // Insert table, Table properties
-        u"Shape:"_s, u"circular"_s, u"rectangular"_s, u"Head (seats at top)"_s,
-        u"Head (seats at left)"_s, u"Custom"_s, u"Seats:"_s, u"Create:"_s,
-        // Fonts and colours
-        u"Seat:"_s, u"Table:"_s, u"Drawing area:"_s, u"Selected:"_s, u"Background:"_s, u"Text:"_s,
-        u"Font..."_s, u"More fonts"_s, u"Default"_s, u"Load"_s, u"Del"_s, u"Preview"_s,
-        // Floor plan dimensions
-        u"Units:"_s, u"Metres"_s, u"Feet"_s, u"Breadth (X):"_s, u"Depth (Y):"_s, u"Seat width:"_s,
-        u"Undo Change dimensions"_s,
-        // Preferences
-        u"Preferences"_s, u"General"_s, u"Auto layout"_s, u"when saved"_s, u"automatically every"_s,
-        u"warn on delete guest or group"_s, u"warn on delete table"_s,
-        u"warn if auto layout will re-assign guests"_s, u"warn if guests have duplicate names"_s,
-        u"show tool tips"_s, u"automatically capitalise names"_s, u"seconds"_s,
-        u"attempts without improvement"_s, u"whichever happens first"_s,
-        // warnings and recent plans
-        u"show this warning in future"_s, u"show this window at start-up"_s, u"Location"_s,
-        // help window
-        u"Back"_s, u"Forward"_s, u"Home"_s, u"Zoom in"_s, u"Zoom out"_s, u"Find"_s};
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// A caption as it is shown, without the sign of its letter.
+QString shown(const QString &caption)
+{
+    static const QRegularExpression sign(u"&(.)"_s);
+    return QString(caption).replace(sign, u"\\1"_s);
+}
+
+/// The texts that the program's forms and sources give to translators, as they are shown.
+QSet<QString> translatedTexts()
+{
+    QSet<QString> texts;
+    const QStringList sources{u"*.ui"_s, u"*.cpp"_s, u"*.h"_s};
+    for (QDirIterator file(sourcePath("src"), sources, QDir::Files, QDirIterator::Subdirectories);
+         file.hasNext();) {
+        const QString path = file.next();
+        const QString source = contentsOf(path);
+        if (path.endsWith(".ui"_L1)) {
+            for (const QString &text : all(source, u"<string>([^<]*)</string>"_s))
+                texts.insert(shown(plain(text)));
+            continue;
+        }
+        for (const QString &text : all(source, u"\\btr\\(\\s*\"((?:[^\"\\\\]|\\\\.)*)\""_s)) {
+            // The choices of a file window are one text.
+            for (const QString &part : text.split(u";;"_s))
+                texts.insert(shown(part));
+        }
+    }
     return texts;
+}
+
+/// Pages of panes that are told of before they are there.
+QStringList notBuiltYet()
+{
+    return {u"Groups"_s, u"Schematic"_s, u"Statistics"_s};
+}
+
+/// Whether the program shows it: as one of its texts, or as one with something in the place of a
+/// "%1", such as "Undo Edit guest", where that something is a text, too, or the end of a file name.
+bool isShown(const QString &quoted)
+{
+    static const QSet<QString> texts = translatedTexts();
+    if (texts.contains(quoted) || notBuiltYet().contains(quoted))
+        return true;
+    return std::ranges::any_of(texts, [&](const QString &text) {
+        static const QRegularExpression placeHolder(u"%[12]"_s);
+        const qsizetype place = text.indexOf(placeHolder);
+        const QString begin = text.left(place);
+        const QString end = text.mid(place + 2);
+        if (place < 4 || !quoted.startsWith(begin) || !quoted.endsWith(end))
+            return false;
+        const QString filling = quoted.sliced(place, quoted.size() - place - end.size());
+        return texts.contains(filling) || QStringList{u"kw"_s, u"kwb"_s}.contains(filling);
+    });
 }
 
 void pageRows()
@@ -156,7 +150,46 @@ private slots:
     void keysOfAPageAreKeys_data() { pageRows(); }
     void keysOfAPageAreKeys();
     void coloursComeInPairs();
+    void whatIsNotBuiltYetIsNotShownYet();
+    void theIndexIsSorted();
+    void theGreetingAndTheTutorialAgreeOnItsLength();
+    void thereIsNoBlankBelowAPicture();
 };
+
+void TestHelpPages::whatIsNotBuiltYetIsNotShownYet()
+{
+    // Or the list of exceptions would hide a change of their names.
+    for (const QString &text : notBuiltYet())
+        QVERIFY2(!translatedTexts().contains(text), qPrintable(text));
+}
+
+void TestHelpPages::theIndexIsSorted()
+{
+    const QStringList entries = all(source(u"Index.htm"_s), u"<a href=[^>]*>([^<]*)</a>"_s);
+    QVERIFY(entries.size() > 50);
+    QVERIFY(std::ranges::is_sorted(entries, [](const QString &one, const QString &other) {
+        return one.compare(other, Qt::CaseInsensitive) < 0;
+    }));
+}
+
+void TestHelpPages::theGreetingAndTheTutorialAgreeOnItsLength()
+{
+    const QString minutes =
+        all(source(u"Tutorial.htm"_s), u"takes (about \\w+ minutes)"_s).value(0);
+    QVERIFY(!minutes.isEmpty());
+    QVERIFY(contentsOf(sourcePath("src/gui/forms/kwgettingstarteddlg.ui")).contains(minutes));
+}
+
+void TestHelpPages::thereIsNoBlankBelowAPicture()
+{
+    QTextDocument document;
+    document.setDefaultStyleSheet(source(u"help.css"_s));
+    document.setHtml(u"<p class=\"picture\"><img width=\"100\" height=\"200\"></p>"_s);
+    const QRectF paragraph = document.documentLayout()->blockBoundingRect(document.firstBlock());
+    QVERIFY2(paragraph.height() < 215, qPrintable(QString::number(paragraph.height())));
+    for (const QString &page : pages())
+        QVERIFY2(!source(page).contains("<p><img"_L1), qPrintable(page));
+}
 
 void TestHelpPages::everyFileIsInTheProject()
 {
@@ -261,6 +294,11 @@ void TestHelpPages::linksOfAPageLeadSomewhere()
     for (const QString &link : all(html, u"(?:href|src)=\"([^\"]*)\""_s)) {
         if (link.startsWith("https://"_L1))
             continue;
+        if (link.startsWith("example:"_L1)) {
+            QVERIFY2(QFile::exists(sourcePath("examples/") + link.section(u':', 1)),
+                     qPrintable(link));
+            continue;
+        }
         const QString file = link.section(u'#', 0, 0);
         const QString place = link.section(u'#', 1);
         QVERIFY2(files({u"*"_s}).contains(file.isEmpty() ? page : file), qPrintable(link));
@@ -278,11 +316,12 @@ void TestHelpPages::pageQuotesOnlyWhatTheProgramShows()
     const QString html = source(page);
     QStringList unknown;
     for (const QString &text : all(html, u"<span class=\"menu\">(.*?)</span>"_s)) {
-        if (!programTexts().contains(plain(text)))
+        if (!isShown(plain(text)))
             unknown.append(text);
     }
     QCOMPARE(unknown, QStringList());
-    QCOMPARE(all(html, u"class=\"(?!menu\"|key\"|file\"|note\")([^\"]*)\""_s), QStringList());
+    QCOMPARE(all(html, u"class=\"(?!menu\"|key\"|file\"|note\"|picture\")([^\"]*)\""_s),
+             QStringList());
 }
 
 void TestHelpPages::keysOfAPageAreKeys()

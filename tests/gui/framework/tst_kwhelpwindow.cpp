@@ -2,6 +2,7 @@
 
 #include "gui/framework/kwaccel.h"
 #include "gui/framework/kwdatadirectory.h"
+#include "gui/framework/kwfindbar.h"
 #include "gui/framework/kwhelpbrowser.h"
 #include "gui/framework/kwmainwindow.h"
 #include "support/gui/guitest.h"
@@ -89,6 +90,14 @@ private slots:
     void closingHidesAndShowingBringsItBack();
     void f1InAModalDialogShowsAUsableWindow();
     void itStandsBesideTheDialogThatItIsAskedFrom();
+    void aNarrowWindowHasRoomForTheWordsToFind();
+    void theListLeavesThePagesThatHaveAllTheWords();
+    void aHitIsOpenedAtTheWord();
+    void returnOpensTheFirstHit();
+    void wordsThatAreNowhereAreToldOf();
+    void escapeBringsAllPagesBack();
+    void anExampleIsAskedFor();
+    void readersHearTheTitleOfThePage();
     void f1TellsHowToGetHelp();
     void itDoesNotKeepTheProgramAlive();
     void everyToolHasAKeyInItsTip();
@@ -99,6 +108,8 @@ private slots:
 
 private:
     QTextBrowser *browser() const { return m_window->findChild<QTextBrowser *>(); }
+    QLineEdit *search() const { return m_window->findChild<QLineEdit *>(u"searchEdit"_s); }
+    QStringList inSight() const;
     QTreeWidget *contents() const { return m_window->findChild<QTreeWidget *>(); }
     QLineEdit *words() const { return m_window->findChild<QLineEdit *>(u"wordsEdit"_s); }
     QString result() const { return m_window->findChild<QLabel *>(u"resultLabel"_s)->text(); }
@@ -138,6 +149,16 @@ QPoint TestHelpWindow::placeOfLink(const QString &text) const
         cursor = browser()->document()->find(text, cursor);
     cursor.setPosition(cursor.selectionStart() + 2);
     return browser()->cursorRect(cursor).center();
+}
+
+/// The lines of the contents that are not hidden.
+QStringList TestHelpWindow::inSight() const
+{
+    QStringList titles;
+    for (QTreeWidgetItemIterator item(contents(), QTreeWidgetItemIterator::NotHidden); *item;
+         ++item)
+        titles.append((*item)->text(0));
+    return titles;
 }
 
 void TestHelpWindow::showsAPageAndItsTitle()
@@ -299,7 +320,7 @@ void TestHelpWindow::aDifferentFileReplacesTheFirst()
     m_window->openLink(QUrl(u"Tutorial.htm"_s));
     QVERIFY(m_window->showPage(copy, u"Main_window.htm"_s));
     QCOMPARE(m_window->windowTitle(), u"Ambrelune help - The main window"_s);
-    QCOMPARE(contents()->topLevelItemCount(), 6);
+    QCOMPARE(contents()->topLevelItemCount(), 7);
     QVERIFY(QFile::remove(copy));
     m_window->openLink(QUrl(u"Tutorial.htm"_s));
     QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Tutorial"_s);
@@ -490,6 +511,104 @@ void TestHelpWindow::itStandsBesideTheDialogThatItIsAskedFrom()
     dialog.close();
     QVERIFY(m_window->showPage(helpFile(), u"Main_window.htm"_s));
     QCOMPARE(m_window->width(), qMin(900, m_window->screen()->availableSize().width() * 9 / 10));
+}
+
+void TestHelpWindow::aNarrowWindowHasRoomForTheWordsToFind()
+{
+    m_window->close();
+    QDialog dialog;
+    dialog.resize(m_window->screen()->availableSize().width() - 300, 200);
+    dialog.setModal(true);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QVERIFY(m_window->showPage(helpFile(), u"Tutorial.htm"_s));
+    m_window->findChild<KWFindBar *>()->start();
+    QVERIFY(m_window->width() < 560);
+    QTRY_VERIFY(words()->isVisible());
+    QTRY_VERIFY(words()->width() >= 16 * words()->fontMetrics().averageCharWidth());
+    QVERIFY(contents()->width() <= m_window->width() * 2 / 5);
+    QTest::keyClicks(words(), u"nowhere"_s);
+    QTRY_COMPARE(result(), u"Not found on this page"_s);
+    QVERIFY(m_window->width() < 560);
+}
+
+void TestHelpWindow::theListLeavesThePagesThatHaveAllTheWords()
+{
+    const QStringList all = inSight();
+    QVERIFY(all.size() > 15);
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(search()->hasFocus());
+    QTest::keyClicks(search(), u"auto-save"_s);
+    QVERIFY(inSight().contains(u"Where your plans are kept"_s));
+    QVERIFY(!inSight().contains(u"Dimensions window"_s));
+    search()->setText(u"WIDTH seat metres"_s);
+    // With what it stands below.
+    QCOMPARE(inSight().filter(u"indow"_s),
+             QStringList({u"The main window"_s, u"Dimensions window"_s}));
+    search()->clear();
+    QCOMPARE(inSight(), all);
+    // The page that was shown stays.
+    QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Welcome to Ambrelune"_s);
+}
+
+void TestHelpWindow::aHitIsOpenedAtTheWord()
+{
+    search()->setText(u"feet metres"_s);
+    QTest::mouseClick(contents()->viewport(), Qt::LeftButton, {},
+                      contents()->visualItemRect(line(u"Dimensions window"_s)).center());
+    QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Dimensions window"_s);
+    QCOMPARE(browser()->textCursor().selectedText().toLower(), u"feet"_s);
+}
+
+void TestHelpWindow::returnOpensTheFirstHit()
+{
+    search()->setFocus();
+    QTest::keyClicks(search(), u"feet metres seat"_s);
+    QTest::keyClick(search(), Qt::Key_Return);
+    QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Dimensions window"_s);
+    QCOMPARE(contents()->currentItem(), line(u"Dimensions window"_s));
+    QVERIFY(contents()->hasFocus());
+}
+
+void TestHelpWindow::wordsThatAreNowhereAreToldOf()
+{
+    const auto *label = m_window->findChild<QLabel *>(u"noHitsLabel"_s);
+    QVERIFY(!label->isVisible());
+    search()->setText(u"qwertz"_s);
+    QVERIFY(label->isVisible());
+    QCOMPARE(inSight(), QStringList());
+    QTest::keyClick(search(), Qt::Key_Return);
+    QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Welcome to Ambrelune"_s);
+    search()->clear();
+    QVERIFY(!label->isVisible());
+}
+
+void TestHelpWindow::escapeBringsAllPagesBack()
+{
+    const QStringList all = inSight();
+    search()->setText(u"feet"_s);
+    press(Qt::Key_Escape);
+    QCOMPARE(inSight(), all);
+    QVERIFY(m_window->isVisible());
+    press(Qt::Key_Escape);
+    QVERIFY(!m_window->isVisible());
+}
+
+void TestHelpWindow::anExampleIsAskedFor()
+{
+    const QSignalSpy chosen(m_window.get(), &KWHelpWindow::exampleChosen);
+    QVERIFY(m_window->showPage(helpFile(), u"Tutorial.htm"_s));
+    QTest::mouseClick(browser()->viewport(), Qt::LeftButton, {}, placeOfLink(u"open wedding.kw"_s));
+    QCOMPARE(chosen.size(), 1);
+    QCOMPARE(chosen[0][0].toString(), u"wedding.kw"_s);
+    QCOMPARE(m_window->windowTitle(), u"Ambrelune help - Tutorial"_s);
+}
+
+void TestHelpWindow::readersHearTheTitleOfThePage()
+{
+    QCOMPARE(browser()->accessibleName(), u"Welcome to Ambrelune"_s);
+    m_window->openLink(QUrl(u"Tutorial.htm"_s));
+    QCOMPARE(browser()->accessibleName(), u"Tutorial"_s);
 }
 
 void TestHelpWindow::f1TellsHowToGetHelp()

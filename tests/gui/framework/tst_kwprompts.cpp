@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontDialog>
@@ -204,6 +205,37 @@ private slots:
         ask(question, [&](QMessageBox &box) {
             QCOMPARE(box.text().remove(QChar(0x200b)), question.text);
             QVERIFY2(box.width() < 700, qPrintable(QString::number(box.width())));
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+    }
+
+    void aCopiedMessageHasThePathAsItIs()
+    {
+        KWMessage question = message({s("&OK")});
+        question.text = s("Unable to open file '/%1'").arg(QString(240, u'a'));
+        ask(question, [&](QMessageBox &box) {
+            QTest::keySequence(&box, QKeySequence::Copy);
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        QCOMPARE(QGuiApplication::clipboard()->text(), question.text);
+    }
+
+    void aNameOfAnyLengthLeavesTheButtonsOnTheScreen_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("one word") << QString(6000, u'w');
+        QTest::newRow("many words") << s("word ").repeated(1000);
+        QTest::newRow("many lines") << s("line\n").repeated(1000);
+    }
+
+    void aNameOfAnyLengthLeavesTheButtonsOnTheScreen()
+    {
+        QFETCH(QString, name);
+        KWMessage question = message({s("OK"), s("Cancel")});
+        question.text = s("Delete theme '%1'?").arg(name);
+        ask(question, [](QMessageBox &box) {
+            QVERIFY2(box.height() < 500, qPrintable(QString::number(box.height())));
+            QVERIFY2(box.width() < 800, qPrintable(QString::number(box.width())));
             QTest::keyClick(&box, Qt::Key_Return);
         });
     }

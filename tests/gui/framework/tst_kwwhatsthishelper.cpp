@@ -54,6 +54,18 @@ private slots:
         QCOMPARE(box->whatsThis(), QString());
     }
 
+    void theDescriptionForReadersHasNoMarkUp()
+    {
+        QWidget window;
+        auto *child = new QPushButton(&window);
+        auto *plain = new QPushButton(&window);
+        child->setToolTip(s("First name,<br>and the <b>given</b> one &amp; all"));
+        plain->setToolTip(s("\"john\"->\"John\""));
+        new KWWhatsThisHelper(&window);
+        QCOMPARE(child->accessibleDescription(), s("First name, and the given one & all"));
+        QCOMPARE(plain->accessibleDescription(), QString());
+    }
+
     void aWhatsThisTextThatIsThereStays()
     {
         QWidget window;

@@ -82,17 +82,6 @@ place() {
   echo "$(said "$1" X) $(said "$1" Y)"
 }
 
-# near NUMBER NUMBER: as near as pixels and a hand are.
-near() {
-  local way=$(($1 - $2))
-  [ "${way#-}" -le 4 ]
-}
-
-# extent COLOUR: where on the display it is, "x y width height".
-extent() {
-  "$screenshot" "$work/look.png" "$1"
-}
-
 # Whether a colour is in another place than it was.
 moved() {
   local now
@@ -142,25 +131,6 @@ guest() {
   echo "$((row_x + 60 * scale)) $((row_y + $1 * row_h + row_h / 2))"
 }
 
-# carry FROM TO: with the button down, and no faster than a hand is.
-carry() {
-  local from to step steps=8
-  read -ra from <<<"$1"
-  read -ra to <<<"$2"
-  xdotool mousemove "${from[@]}"
-  breathe
-  xdotool mousedown 1
-  for ((step = 1; step <= steps; ++step)); do
-    breathe
-    xdotool mousemove $((from[0] + (to[0] - from[0]) * step / steps)) \
-      $((from[1] + (to[1] - from[1]) * step / steps))
-  done
-}
-
-breathe() {
-  read -r -t 0.08 <>"$work/never" || true
-}
-
 # drag_table NAME FROM TO: without letting go of it.
 drag_table() {
   local before
@@ -176,18 +146,6 @@ drag_guest() {
   wait_until 30 guest_is_dragged_to "$3" || fail "No guest is dragged: $1"
   picture "$1-dragged"
   xdotool mouseup 1
-}
-
-# What is dragged follows the pointer, below it on the right.
-guest_is_dragged_to() {
-  local x y window X Y WIDTH HEIGHT SCREEN
-  read -r x y <<<"$1"
-  for window in $(xdotool search --onlyvisible --class ambrelune); do
-    eval "$(xdotool getwindowgeometry --shell "$window")"
-    [ "$WIDTH" -eq $((32 * scale)) ] && near "$X" $((x + 10 * scale)) &&
-      near "$Y" $((y + 10 * scale)) && return
-  done
-  return 1
 }
 
 # open_menu TABLE: a table's own.

@@ -48,10 +48,12 @@ private slots:
 
     void openAsksForPlansAndBackupsInThePlanDirectory()
     {
+        const PlanFolder folder;
         OpenWindow open;
+        openPlan(open, folder.writePlan(s("one.kw")));
         openPlan(open, QString());
-        QCOMPARE(open.prompts.files.size(), 1);
-        const KWFileQuestion &question = open.prompts.files.first();
+        QCOMPARE(open.prompts.files.size(), 2);
+        const KWFileQuestion &question = open.prompts.files.last();
         QCOMPARE(question.mode, KWFileQuestion::Open);
         QCOMPARE(question.filters, s("Ambrelune (*.kw);;Ambrelune backup (*.kwb)"));
         QCOMPARE(question.startPath, open.window.fileCommands()->planDirPath());

@@ -122,6 +122,13 @@ bool fits(const QWidget *widget)
     if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
         return !edit->isReadOnly() ||
                edit->fontMetrics().horizontalAdvance(edit->text()) + 8 <= edit->width();
+    if (const auto *spin = qobject_cast<const QSpinBox *>(widget)) {
+        // A hint may be of the time before the box looked as it does now.
+        constexpr int margins = 4;
+        const auto *edit = spin->findChild<QLineEdit *>();
+        if (edit->width() < edit->fontMetrics().horizontalAdvance(edit->text()) + margins)
+            return false;
+    }
     if (qobject_cast<const QGroupBox *>(widget))
         return widget->minimumSizeHint().width() <= widget->width();
     if (qobject_cast<const QAbstractButton *>(widget) ||

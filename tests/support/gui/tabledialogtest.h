@@ -26,13 +26,13 @@ struct TableDialog : KWTableDlgImpl
         QTest::mouseClick(child<QPushButton>(*this, button), Qt::LeftButton);
     }
 
-    /// The visible part of the seats' row, as in "2 × 3 = 10", with the total in brackets if it
-    /// cannot be typed.
+    /// The visible part of the seats' row, as in "2 × (2 + 3) = 10", with the total in brackets
+    /// if it cannot be typed.
     QString seats() const
     {
         QStringList shown;
         for (const char *part :
-             {"m_seatsAcrossSpinBox", "m_timesTextLabel", "m_seatsDownSpinBox",
+             {"m_twiceTextLabel", "m_seatsAcrossSpinBox", "m_timesTextLabel", "m_seatsDownSpinBox",
               "m_timesTextLabel_2", "m_seatsAcrossSpinBox_2", "m_timesTextLabel_3",
               "m_seatsDownSpinBox_2", "m_equalsTextLabel", "m_seatsTotalSpinBox"}) {
             const auto *widget = child<QWidget>(*this, part);
@@ -41,7 +41,7 @@ struct TableDialog : KWTableDlgImpl
         }
         if (total->isReadOnly())
             shown.last() = u'[' + shown.last() + u']';
-        return shown.join(u' ');
+        return shown.join(u' ').replace(s("( "), s("(")).replace(s(" )"), s(")"));
     }
 
     /// Types over what the box holds.
