@@ -73,10 +73,10 @@ int writeOutput(const QString &path, const QByteArray &content)
         complain(QStringLiteral("Cannot write to standard output."));
         return ExitCannotWrite;
     }
-    KWSafeFile file(path, false);
-    if (file.open() && file.commit(content))
+    QString reason;
+    if (replaceFile(path, content, &reason))
         return ExitOk;
-    complain(QStringLiteral("Cannot write '%1': %2.").arg(path, file.errorString()));
+    complain(QStringLiteral("Cannot write '%1': %2.").arg(path, reason));
     return ExitCannotWrite;
 }
 

@@ -10,13 +10,10 @@
 
 int KWDocument::save(const QString &path, const KWViewSettings &viewSettings)
 {
-    KWSafeFile file(path, true);
-    if (!file.open())
-        return FileCannotWrite;
     bool written = false;
     {
         const EventBlock block(*this);
-        written = file.commit(toPlanText(viewSettings));
+        written = replaceFile(path, toPlanText(viewSettings));
         if (written) {
             m_modified = false;
             m_file_name = QDir::toNativeSeparators(path);
