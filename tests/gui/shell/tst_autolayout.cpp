@@ -107,6 +107,33 @@ private slots:
         QVERIFY(!open.action("m_editUndoAction")->isEnabled());
     }
 
+    void tablesWithoutSeatsAreNoSeats()
+    {
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        addTable(open.plan(), "T", KWTable::Circular, 0);
+        open.prompts.answer(s("&OK"));
+        open.run("m_fileAutoLayoutAction");
+        QCOMPARE(open.prompts.texts().size(), 1);
+        QVERIFY(!open.action("m_editUndoAction")->isEnabled());
+    }
+
+    void theCursorIsBusyWhileItRuns()
+    {
+        LayoutWindow open;
+        neverEnd(open);
+        Qt::CursorShape shape = Qt::ArrowCursor;
+        const Interruption look(60, [&](QDialog &dialog) {
+            if (const QCursor *cursor = QApplication::overrideCursor())
+                shape = cursor->shape();
+            dialog.close();
+        });
+        open.layOut();
+        QVERIFY(look.happened());
+        QCOMPARE(shape, Qt::WaitCursor);
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
     void withAllGuestsLockedItSaysSo()
     {
         OpenWindow open;
