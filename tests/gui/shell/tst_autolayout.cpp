@@ -1,7 +1,9 @@
 #include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
 #include "gui/floorplan/kwcanvasview.h"
 #include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/panes/kwguestslistview.h"
 #include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
 #include "support/eventlog.h"
 #include "support/gui/modaluser.h"
 #include "support/gui/openwindow.h"
@@ -132,6 +134,19 @@ private slots:
         QVERIFY(look.happened());
         QCOMPARE(shape, Qt::WaitCursor);
         QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void theCommandsFollowTheSelectionThatALayoutClears()
+    {
+        LayoutWindow open;
+        KWGuestsListView *list = open.window.panes()->leftTab()->guestsView();
+        list->setCurrentItem(list->topLevelItem(0));
+        list->setThisViewActive();
+        QVERIFY(open.action("m_editDeleteAction")->isEnabled());
+        open.layOut();
+        QVERIFY(list->selectedItems().isEmpty());
+        QVERIFY(!open.action("m_editDeleteAction")->isEnabled());
+        QVERIFY(!open.action("m_editPropertiesAction")->isEnabled());
     }
 
     void withAllGuestsLockedItSaysSo()
