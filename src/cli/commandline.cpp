@@ -25,9 +25,15 @@ std::optional<int> CommandLine::parse(const QStringList &arguments)
         return refuse(m_parser.errorText());
     if (m_parser.isSet(QStringLiteral("help")))
         return printText(helpText());
+    for (const QString &option : m_parser.optionNames()) {
+        if (m_parser.values(option).size() > 1)
+            return refuse(QStringLiteral("%1%2 is there twice.")
+                              .arg(QString(option.size() == 1 ? 1 : 2, u'-'), option));
+    }
     const qsizetype plans = m_parser.positionalArguments().size() - 1;
     if (plans != 1)
-        return refuse(plans < 1 ? QStringLiteral("Which plan? Name a file.")
+        return refuse(plans < 1 ? QStringLiteral("Which plan? Name a file, or \"-\" for "
+                                                 "standard input.")
                                 : QStringLiteral("One plan at a time."));
     if (m_needsOutput && output().isEmpty())
         return refuse(QStringLiteral("Where to? Name the file to write with -o."));
@@ -38,7 +44,8 @@ QString CommandLine::helpText() const
 {
     // The parser's own usage line knows nothing of commands.
     const QString options = m_parser.helpText();
-    return QStringLiteral("Usage: ambrelune-cli %1 PLAN %2[options]\n%3\n\n")
+    return QStringLiteral("Usage: ambrelune-cli %1 PLAN %2[options]\n%3\n"
+                          "PLAN is a file, or \"-\" for standard input.\n\n")
                .arg(m_command, m_needsOutput ? QStringLiteral("-o OUT ") : QString(),
                     m_description) +
            options.mid(options.indexOf(QLatin1StringView("Options:")));

@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
 bool turnsWriting(QChar c)
@@ -35,6 +36,19 @@ QString oneLine(const QString &text)
     return line;
 }
 
+constexpr QLatin1StringView standardStream{"-"};
+
+int loadStandardInput(KWDocument &document, KWViewSettings &views, bool &versionDiffers,
+                      QString &reason)
+{
+    QFile input;
+    if (!input.open(STDIN_FILENO, QIODevice::ReadOnly))
+        return KWDocument::FileCannotOpen;
+    const int result = document.load(input, views, versionDiffers);
+    reason = input.errorString();
+    return input.error() == QFileDevice::NoError ? result : KWDocument::FileCannotOpen;
+}
+
 /// Why a plan cannot be opened, in the system's words.
 QString reasonFor(const QString &path)
 {
@@ -60,12 +74,12 @@ QString printable(const QString &text)
 
 int printText(const QString &text)
 {
-    return writeOutput(QStringLiteral("-"), text.toUtf8());
+    return writeOutput(standardStream, text.toUtf8());
 }
 
 int writeOutput(const QString &path, const QByteArray &content)
 {
-    if (path == QLatin1StringView("-")) {
+    if (path == standardStream) {
         QFile out;
         if (out.open(stdout, QIODevice::WriteOnly) && out.write(content) == content.size() &&
             out.flush() && std::fflush(stdout) == 0)
@@ -73,23 +87,34 @@ int writeOutput(const QString &path, const QByteArray &content)
         complain(QStringLiteral("Cannot write to standard output."));
         return ExitCannotWrite;
     }
-    KWSafeFile file(path, false);
-    if (file.open() && file.commit(content))
+    QString reason;
+    if (replaceFile(path, content, &reason))
         return ExitOk;
-    complain(QStringLiteral("Cannot write '%1': %2.").arg(path, file.errorString()));
+    complain(QStringLiteral("Cannot write '%1': %2.").arg(path, reason));
     return ExitCannotWrite;
+}
+
+QString planLabel(const QString &path)
+{
+    return path == standardStream ? QStringLiteral("standard input")
+                                  : QStringLiteral("'%1'").arg(path);
 }
 
 int loadPlan(KWDocument &document, const QString &path, KWViewSettings &views, bool &versionDiffers)
 {
-    switch (document.load(path, views, versionDiffers)) {
+    QString reason;
+    const int result = path == standardStream
+                           ? loadStandardInput(document, views, versionDiffers, reason)
+                           : document.load(path, views, versionDiffers);
+    switch (result) {
     case KWDocument::FileOk:
         return ExitOk;
     case KWDocument::FileNotAPlan:
-        complain(QStringLiteral("'%1' is not a plan, or it is damaged.").arg(path));
+        complain(QStringLiteral("There is no plan in %1, or it is damaged.").arg(planLabel(path)));
         return ExitNotAPlan;
     default:
-        complain(QStringLiteral("Cannot open '%1': %2.").arg(path, reasonFor(path)));
+        complain(QStringLiteral("Cannot open %1: %2.")
+                     .arg(planLabel(path), path == standardStream ? reason : reasonFor(path)));
         return ExitCannotOpen;
     }
 }
@@ -99,8 +124,9 @@ int loadPlanToWrite(KWDocument &document, const QString &path, KWViewSettings &v
     bool versionDiffers = false;
     const int status = loadPlan(document, path, views, versionDiffers);
     if (versionDiffers)
-        complain(QStringLiteral("'%1' was created with a different version of the software. Some "
-                                "information may not be in the plan that is written.")
-                     .arg(path));
+        complain(QStringLiteral("The plan in %1 was created with a different version of the "
+                                "software. Some information may not be in the plan that is "
+                                "written.")
+                     .arg(planLabel(path)));
     return status;
 }

@@ -30,6 +30,11 @@ QStringList seatWords()
             QStringLiteral("none")};
 }
 
+bool showsNames(int seats)
+{
+    return KWFloorPlanLook::Seats{.display = KWFloorPlanLook::seatDisplayOf(seats)}.showsText();
+}
+
 /// What may be marked at a seat.
 struct Mark
 {
@@ -67,8 +72,14 @@ struct Wanted
 
 void addOptions(CommandLine &line)
 {
-    line.addOutputOption(QStringLiteral("The picture to write; its extension says which kind: %1.")
-                             .arg(alternatives(FloorPlanPicture::extensions())));
+    const QString kinds = alternatives(FloorPlanPicture::extensions());
+    line.addOutputOption(QStringLiteral("The picture to write; its extension says which kind: %1. "
+                                        "\"-\" is standard output and needs --format.")
+                             .arg(kinds));
+    line.addOption(
+        {QStringLiteral("format"),
+         QStringLiteral("Which kind of picture, if the extension does not say: %1.").arg(kinds),
+         QStringLiteral("KIND")});
     line.addOption({QStringLiteral("width"),
                     QStringLiteral("Make it N pixels wide, from 1 to %1. Default: 100 for a seat, "
                                    "or fewer in a large plan.")
@@ -110,16 +121,43 @@ QString extensionOf(const QString &path)
     return extension == QLatin1StringView("jpeg") ? QStringLiteral("jpg") : extension;
 }
 
+/// Which kind of picture is asked for; nothing after a complaint.
+std::optional<QString> kindOf(const CommandLine &line)
+{
+    const QStringList kinds = FloorPlanPicture::extensions();
+    const QString extension = extensionOf(line.output());
+    const bool isKnown = kinds.contains(extension);
+    const auto option = QStringLiteral("format");
+    if (!line.isSet(option)) {
+        if (isKnown)
+            return extension;
+        if (line.output() == QLatin1StringView("-"))
+            line.refuse(QStringLiteral("Which kind of picture? Say %1 with --format.")
+                            .arg(alternatives(kinds)));
+        else
+            line.refuse(QStringLiteral("The picture's name has to end in %1: '%2' does not.")
+                            .arg(alternatives(kinds), line.output()));
+        return std::nullopt;
+    }
+    const auto index = line.word(option, kinds);
+    if (!index)
+        return std::nullopt;
+    if (isKnown && extension != kinds.at(*index)) {
+        line.refuse(QStringLiteral("--format %1 does not fit the name '%2'.")
+                        .arg(kinds.at(*index), line.output()));
+        return std::nullopt;
+    }
+    return kinds.at(*index);
+}
+
 /// Nothing after a complaint.
 std::optional<Wanted> wantedBy(const CommandLine &line)
 {
-    Wanted wanted;
-    wanted.extension = extensionOf(line.output());
-    if (!FloorPlanPicture::extensions().contains(wanted.extension)) {
-        line.refuse(QStringLiteral("The picture's name has to end in %1: '%2' does not.")
-                        .arg(alternatives(FloorPlanPicture::extensions()), line.output()));
+    const auto kind = kindOf(line);
+    if (!kind)
         return std::nullopt;
-    }
+    Wanted wanted;
+    wanted.extension = *kind;
     bool ok = true;
     if (const auto width = QStringLiteral("width"); line.isSet(width))
         ok = (wanted.width = line.number(width, 1, FloorPlanPicture::mostPixels)).has_value();
@@ -129,6 +167,11 @@ std::optional<Wanted> wantedBy(const CommandLine &line)
         ok = (wanted.seats = line.word(seats, seatWords())).has_value();
     if (ok && line.isSet(QStringLiteral("show")))
         ok = (wanted.marks = marksOf(line)).has_value();
+    if (ok && wanted.nameOrder && wanted.seats && !showsNames(*wanted.seats)) {
+        line.refuse(QStringLiteral("--names has no effect with --seats %1, which shows no names.")
+                        .arg(seatWords().at(*wanted.seats)));
+        return std::nullopt;
+    }
     return ok ? std::optional(wanted) : std::nullopt;
 }
 
@@ -150,8 +193,10 @@ KWFloorPlanLook lookOf(const Wanted &wanted, const KWViewSettings &stored)
 /// What other programs show as the title of the picture.
 QString titleOf(const KWDocument &document, const QString &path)
 {
-    return document.event().trimmed().isEmpty() ? QFileInfo(path).completeBaseName()
-                                                : printable(document.event());
+    if (!document.event().trimmed().isEmpty())
+        return printable(document.event());
+    const QString name = QFileInfo(path).completeBaseName();
+    return name == QLatin1StringView("-") ? QStringLiteral("plan") : name;
 }
 } // namespace
 

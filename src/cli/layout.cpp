@@ -70,11 +70,12 @@ public:
         m_next = now + pauseMs;
         const double seconds = static_cast<double>(now) / 1000;
         if (progress.inStartStage)
-            std::fprintf(stderr, "\r\x1b[Kstart layout %d of %d, score %d, %.1f s", progress.done,
-                         progress.total, progress.score, seconds);
+            std::fprintf(stderr, "\r\x1b[Kstart layout %lld of %d, score %d, %.1f s",
+                         static_cast<long long>(progress.done), progress.total, progress.score,
+                         seconds);
         else
-            std::fprintf(stderr, "\r\x1b[Kgeneration %d, score %d, %.1f s", progress.done,
-                         progress.score, seconds);
+            std::fprintf(stderr, "\r\x1b[Kgeneration %lld, score %d, %.1f s",
+                         static_cast<long long>(progress.done), progress.score, seconds);
         std::fflush(stderr);
     }
 
@@ -152,6 +153,23 @@ QString toText(const Report &report, const QString &plan, const QString &output)
                     QString::number(report.seconds(), 'f', 2), output);
 }
 
+/// Whether an option is there that another one makes idle; complains of it.
+bool hasIdleOption(const CommandLine &line, KWGeneticSolver::StopCriteria stop)
+{
+    const auto isIdle = [&](const QString &option, KWGeneticSolver::StopCriteria other,
+                            const QString &needed) {
+        if (stop != other || !line.isSet(option))
+            return false;
+        line.refuse(QStringLiteral("--%1 has no effect without --stop %2 or --stop either.")
+                        .arg(option, needed));
+        return true;
+    };
+    return isIdle(QStringLiteral("seconds"), KWGeneticSolver::StopOnUnimproved,
+                  QStringLiteral("time")) ||
+           isIdle(QStringLiteral("unimproved"), KWGeneticSolver::StopOnTime,
+                  QStringLiteral("unimproved"));
+}
+
 /// The run's options from the command line; nothing after a complaint.
 std::optional<KWLayoutOptions> optionsOf(const CommandLine &line)
 {
@@ -160,9 +178,11 @@ std::optional<KWLayoutOptions> optionsOf(const CommandLine &line)
     const auto stop =
         line.word(QStringLiteral("stop"),
                   {QStringLiteral("time"), QStringLiteral("unimproved"), QStringLiteral("either")});
+    if (!stop || hasIdleOption(line, criteria.at(static_cast<std::size_t>(*stop))))
+        return std::nullopt;
     constexpr int most = std::numeric_limits<int>::max();
     const auto number = [&](const QString &option) { return line.number(option, 0, most); };
-    const auto seconds = stop ? number(QStringLiteral("seconds")) : std::nullopt;
+    const auto seconds = number(QStringLiteral("seconds"));
     const auto unimproved = seconds ? number(QStringLiteral("unimproved")) : std::nullopt;
     if (!unimproved)
         return std::nullopt;
@@ -264,5 +284,5 @@ int layoutCommand(const QStringList &arguments)
         return writeOutput(QStringLiteral("-"), toJson(report));
     if (quiet || planToStdout)
         return ExitOk;
-    return printText(toText(report, line.plan(), line.output()));
+    return printText(toText(report, planLabel(line.plan()), line.output()));
 }

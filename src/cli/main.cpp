@@ -24,7 +24,7 @@ std::span<const Command> commands()
 namespace {
 QString helpText()
 {
-    QString text = QStringLiteral("Usage: ambrelune-cli COMMAND [options] PLAN\n"
+    QString text = QStringLiteral("Usage: ambrelune-cli COMMAND PLAN [options]\n"
                                   "Works on the plan files of Ambrelune, the seating planner.\n"
                                   "\nCommands:\n");
     for (const Command &command : commands()) {
@@ -32,12 +32,14 @@ QString helpText()
                     .arg(QLatin1StringView(command.name), -9)
                     .arg(QLatin1StringView(command.summary));
     }
-    text += QStringLiteral("\n"
+    text += QStringLiteral("  help      Show the help of a command: help COMMAND.\n"
+                           "\n"
+                           "PLAN is a file, or \"-\" for standard input.\n"
+                           "\n"
                            "Options:\n"
                            "  -h, --help     Show this help and exit.\n"
                            "  -v, --version  Show the version and exit.\n"
                            "\n"
-                           "'ambrelune-cli COMMAND --help' tells more of each command.\n"
                            "Exit status: 0 success, 1 not a plan, 2 cannot be opened,\n"
                            "4 cannot be written, 64 wrong usage, 71 not enough memory.\n");
     return text;
@@ -66,11 +68,15 @@ std::optional<QStringList> argumentsOf(std::span<char *const> values)
     return arguments;
 }
 
+int helpCommand(const QStringList &arguments);
+
 int runCommand(const QStringList &arguments)
 {
     const QString first = arguments.value(1);
     if (first == QLatin1StringView("--help") || first == QLatin1StringView("-h"))
         return printText(helpText());
+    if (first == QLatin1StringView("help"))
+        return helpCommand(arguments);
     if (first == QLatin1StringView("--version") || first == QLatin1StringView("-v"))
         return printText(QStringLiteral("ambrelune-cli " AMBRELUNE_VERSION "\n"));
     const auto command = std::ranges::find_if(commands(), [&](const Command &candidate) {
@@ -82,6 +88,16 @@ int runCommand(const QStringList &arguments)
                              : QStringLiteral("There is no command '%1'. See 'ambrelune-cli "
                                               "--help'.")
                                    .arg(first));
+    return ExitUsage;
+}
+
+/// "help COMMAND" is "COMMAND --help".
+int helpCommand(const QStringList &arguments)
+{
+    const QString help = QStringLiteral("--help");
+    if (arguments.size() <= 3)
+        return runCommand({arguments.constFirst(), arguments.value(2, help), help});
+    complain(QStringLiteral("One command at a time. See 'ambrelune-cli --help'."));
     return ExitUsage;
 }
 } // namespace

@@ -1,5 +1,6 @@
 #include "cli/planjson.h"
 
+#include "cli/scorejson.h"
 #include "core/model/kwdocument.h"
 #include "core/model/kwplansettings.h"
 #include "core/model/kwplantext.h"
@@ -44,6 +45,48 @@ QJsonValue toJson(const QColor &value)
     return QJsonArray{value.red(), value.green(), value.blue()};
 }
 
+/// Beside the numbers of the file, for people and their scripts.
+void addWords(QJsonObject &settings, const KWDocument &document)
+{
+    settings[QStringLiteral("date_iso")] = document.date().toString(Qt::ISODate);
+    settings[QStringLiteral("units_name")] =
+        document.units() == KWPlanFields::Feet ? QStringLiteral("feet") : QStringLiteral("metres");
+}
+
+QString shapeWord(int shape)
+{
+    switch (shape) {
+    case KWTable::Circular:
+        return QStringLiteral("circular");
+    case KWTable::Rectangular:
+        return QStringLiteral("rectangular");
+    case KWTable::HeadTop:
+        return QStringLiteral("head, seats at the top");
+    case KWTable::HeadRight:
+        return QStringLiteral("head, seats on the right");
+    case KWTable::HeadBottom:
+        return QStringLiteral("head, seats at the bottom");
+    case KWTable::HeadLeft:
+        return QStringLiteral("head, seats on the left");
+    default:
+        return QStringLiteral("custom");
+    }
+}
+
+QString kindWord(int kind)
+{
+    switch (kind) {
+    case KWGroup::Single:
+        return QStringLiteral("single");
+    case KWGroup::Couple:
+        return QStringLiteral("couple");
+    case KWGroup::Family:
+        return QStringLiteral("family");
+    default:
+        return QStringLiteral("party");
+    }
+}
+
 QJsonObject settingsToJson(const KWDocument &document, const KWViewSettings &views)
 {
     QJsonObject json{{QStringLiteral("version"), document.fileVersion()}};
@@ -54,6 +97,7 @@ QJsonObject settingsToJson(const KWDocument &document, const KWViewSettings &vie
             },
             setting.target);
     }
+    addWords(json, document);
     return json;
 }
 
@@ -103,7 +147,8 @@ QJsonObject groupToJson(const KWDocument &document, const KWGroup &group)
             {QStringLiteral("members"), members},
             {QStringLiteral("address_name"), group.addressName(ampersand)},
             {QStringLiteral("first_names"), group.firstNames(ampersand)},
-            {QStringLiteral("kind"), group.kind()}};
+            {QStringLiteral("kind"), group.kind()},
+            {QStringLiteral("kind_name"), kindWord(group.kind())}};
 }
 
 QJsonObject tableToJson(const KWDocument &document, const KWTable &table)
@@ -112,14 +157,17 @@ QJsonObject tableToJson(const KWDocument &document, const KWTable &table)
     for (const KWGuest *guest : table.seats())
         seats.append(indexOrNull(document.indexOfGuest(guest)));
     QJsonArray scores;
+    QJsonArray points;
     for (const KWSeatScore &seatScore : table.seatScores()) {
         QJsonArray entries;
-        for (const int points : seatScore)
-            entries.append(points);
+        for (const int entry : seatScore)
+            entries.append(entry);
         scores.append(entries);
+        points.append(pointsToJson(seatScore));
     }
     return {{QStringLiteral("name"), table.name()},
             {QStringLiteral("shape"), table.shape()},
+            {QStringLiteral("shape_name"), shapeWord(table.shape())},
             {QStringLiteral("seats_across"), table.seatsAcross()},
             {QStringLiteral("seats_down"), table.seatsDown()},
             {QStringLiteral("seats_across_2"), table.seatsAcross2()},
@@ -129,6 +177,7 @@ QJsonObject tableToJson(const KWDocument &document, const KWTable &table)
             {QStringLiteral("notes"), table.notes()},
             {QStringLiteral("seats"), seats},
             {QStringLiteral("seat_scores"), scores},
+            {QStringLiteral("seat_points"), points},
             {QStringLiteral("score"), table.score()}};
 }
 } // namespace
@@ -149,7 +198,8 @@ QJsonObject planToJson(const KWDocument &document, const KWViewSettings &views)
         affinities.append(
             QJsonObject{{QStringLiteral("guest1"), document.indexOfGuest(pair.first)},
                         {QStringLiteral("guest2"), document.indexOfGuest(pair.second)},
-                        {QStringLiteral("value"), pair.value}});
+                        {QStringLiteral("value"), pair.value},
+                        {QStringLiteral("wish"), wishWord(pair.value)}});
     }
     return {
         {QStringLiteral("version_differs"), document.fileVersion() != KWPlanFields::fileVersion},

@@ -40,6 +40,16 @@ inline Outcome run(const QStringList &arguments, const QString &stdoutFile = {})
     return finish(process);
 }
 
+/// With some bytes on standard input.
+inline Outcome runWithInput(const QStringList &arguments, const QByteArray &input)
+{
+    QProcess process;
+    process.start(commandLineTool(), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    return finish(process);
+}
+
 inline QString example(const QString &name)
 {
     return sourcePath("examples/") + name;

@@ -176,7 +176,7 @@ private slots:
         QCOMPARE(plan[u"seated_count"_s].toInt(), 2);
         QCOMPARE(plan[u"score"_s].toInt(), 44);
         const QJsonObject settings = plan[u"settings"_s].toObject();
-        QCOMPARE(settings.size(), 79);
+        QCOMPARE(settings.size(), 81);
         QCOMPARE(settings[u"version"_s].toInt(), 1);
         QCOMPARE(settings[u"event"_s].toString(), u"50%1 off"_s);
         QCOMPARE(settings[u"adult_cost"_s].toInt(), 30);
@@ -216,8 +216,10 @@ private slots:
         QCOMPARE(table[u"x"_s].toInt(), -5);
         QCOMPARE(table[u"seat_scores"_s][1], QJsonValue(QJsonArray{20, 0, 0, 0, 2, 0, 22}));
         QCOMPARE(table[u"score"_s].toInt(), 44);
-        QCOMPARE(plan[u"affinities"_s], QJsonValue(QJsonArray{QJsonObject{
-                                            {u"guest1"_s, 1}, {u"guest2"_s, 0}, {u"value"_s, 0}}}));
+        QCOMPARE(
+            plan[u"affinities"_s],
+            QJsonValue(QJsonArray{QJsonObject{
+                {u"guest1"_s, 1}, {u"guest2"_s, 0}, {u"value"_s, 0}, {u"wish"_s, u"next to"_s}}}));
     }
 
     void scoreTellsWhatIsNotMet()
@@ -244,7 +246,7 @@ private slots:
         QVERIFY(run({u"show"_s, path}).out.startsWith("Event:    a[2Jb\n"));
         const QByteArray score = run({u"score"_s, path}).out;
         QVERIFY2(score.contains("Guests without a seat: 2\n  Ann\n  (no name)\n"), score);
-        QVERIFY2(score.contains("Wishes not met: 1 of 2\n"
+        QVERIFY2(score.contains("Wishes not met: 1 of 1\n"
                                 "  Ann should sit near (no name), but neither has a seat\n"),
                  score);
     }
@@ -337,7 +339,6 @@ private slots:
                                      u"--json"_s, u"--stop"_s, u"time"_s, u"--seconds"_s, u"0"_s});
         const QJsonObject report = json(outcome.out);
         QCOMPARE(report[u"stopped_by"_s].toString(), u"time"_s);
-        QVERIFY(report[u"seconds"_s].toDouble() >= 0.9);
     }
 
     void layoutWithoutAGenerationTakesTheBestStart()

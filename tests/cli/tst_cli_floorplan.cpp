@@ -350,6 +350,13 @@ private slots:
             "of gender, age, vip, groups or locked; or none, not 'gender,hair'");
         row("no mark", {u"--show"_s, QString()}, "or none, not ''");
         row("none and some", {u"--show"_s, u"none,age"_s}, "not 'none,age'");
+        row("names that nobody sees", {u"--names"_s, u"number"_s, u"--seats"_s, u"circle"_s},
+            "--names has no effect with --seats circle");
+        row("names without seats", {u"--seats"_s, u"none"_s, u"--names"_s, u"number"_s},
+            "--names has no effect with --seats none");
+        row("two formats", {u"--format"_s, u"svg"_s}, "--format svg does not fit the name '");
+        row("a format that is none", {u"--format"_s, u"gif"_s},
+            "--format takes png, jpg, bmp, svg or pdf, not 'gif'");
         const QByteArray formats = "end in png, jpg, bmp, svg or pdf: '";
         QTest::newRow("unknown format") << u"out.gif"_s << QStringList() << formats;
         QTest::newRow("no format") << u"out"_s << QStringList() << formats;
@@ -367,12 +374,41 @@ private slots:
         QVERIFY(!QFile::exists(path));
     }
 
-    void standardOutputIsRefusedSinceItHasNoExtension()
+    void standardOutputNeedsAFormatSinceItHasNoExtension()
     {
         const Outcome outcome = run({u"floorplan"_s, m_plan, u"-o"_s, u"-"_s});
         QCOMPARE(outcome.status, 64);
         QVERIFY2(isComplaint(outcome.err), outcome.err);
+        QVERIFY2(outcome.err.contains("Say png, jpg, bmp, svg or pdf with --format."), outcome.err);
         QCOMPARE(outcome.out, QByteArray());
+        const auto toOutput = [&](const QString &format) {
+            return run({u"floorplan"_s, m_plan, u"-o"_s, u"-"_s, u"--format"_s, format});
+        };
+        QCOMPARE(toOutput(u"png"_s).out, contentOf(drawTo(u"png"_s, {})));
+        QVERIFY(toOutput(u"svg"_s).out.startsWith("<?xml"));
+        QVERIFY(toOutput(u"jpg"_s).out.startsWith("\xff\xd8\xff"));
+    }
+
+    void aFormatMakesUpForANameWithoutOne()
+    {
+        const QString path = m_folder.filePath(u"picture"_s);
+        for (const QString &format : {u"pdf"_s, u"png"_s}) {
+            QCOMPARE(run({u"floorplan"_s, m_plan, u"-o"_s, path, u"--format"_s, format}).status, 0);
+            QCOMPARE(contentOf(path).left(4), QByteArray(format == u"pdf"_s ? "%PDF" : "\x89PNG"));
+        }
+        QVERIFY(QFile::remove(path));
+        // The same as the name says does no harm.
+        QVERIFY(contentOf(drawTo(u"png"_s, {u"--format"_s, u"png"_s})).startsWith("\x89PNG"));
+    }
+
+    void aPlanFromStandardInputIsDrawn()
+    {
+        const QByteArray plan = contentOf(m_plan);
+        const QStringList arguments{u"floorplan"_s, u"-"_s,        u"-o"_s,
+                                    u"-"_s,         u"--format"_s, u"svg"_s};
+        QCOMPARE(drawingIn(runWithInput(arguments, plan).out).texts,
+                 QStringList({u"Annie"_s, u"Bob"_s, u"T"_s}));
+        QCOMPARE(drawingIn(runWithInput(arguments, planWith({})).out).title, u"plan"_s);
     }
 
     void aPictureThatWouldBeTooHighIsRefused()

@@ -6,8 +6,7 @@
 
 namespace {
 
-KWLayoutHooks hooksFor(const KWDocument &document, QObject *dialog,
-                       const KWGeneticSolver::Copier &copier)
+KWLayoutHooks hooksFor(const KWDocument &document, QObject *dialog)
 {
     KWLayoutHooks hooks;
     hooks.processEvents = [&document] {
@@ -17,26 +16,21 @@ KWLayoutHooks hooksFor(const KWDocument &document, QObject *dialog,
     };
     if (dialog) {
         hooks.progress = [dialog](const KWLayoutProgress &progress) {
-            constexpr int generationSteps = 10;
-            const int steps = progress.inStartStage
-                                  ? progress.done
-                                  : progress.total + progress.done * generationSteps;
-            QCoreApplication::postEvent(dialog, new KWGAEvent(steps, progress.score));
+            QCoreApplication::postEvent(
+                dialog, new KWGAEvent(KWGAEvent::progressOf(progress), progress.score));
         };
     }
-    hooks.copier = copier;
     return hooks;
 }
 } // namespace
 
-void autoLayout(KWDocument &document, QObject *dialog, const KWLayoutOptions &options,
-                const KWGeneticSolver::Copier &copier)
+void autoLayout(KWDocument &document, QObject *dialog, const KWLayoutOptions &options)
 {
     KWLayoutResult result;
     try {
         emit document.eventPrepareAutoLayout();
         const KWDocument::EventBlock block(document);
-        result = runLayout(document, options, hooksFor(document, dialog, copier));
+        result = runLayout(document, options, hooksFor(document, dialog));
     } catch (...) {
         // The floor plan stands empty since the start.
         document.announceRefresh();

@@ -12,7 +12,4 @@ class QObject;
 /// modified and tells all views to rebuild themselves; error() tells before that if the memory or
 /// the time was too short. An exception other than of memory leaves the plan as it was and passes
 /// on.
-///
-/// `copier` replaces what makes the candidates, for a test.
-void autoLayout(KWDocument &document, QObject *dialog, const KWLayoutOptions &options,
-                const KWGeneticSolver::Copier &copier = {});
+void autoLayout(KWDocument &document, QObject *dialog, const KWLayoutOptions &options);

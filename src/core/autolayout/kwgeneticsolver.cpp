@@ -51,6 +51,15 @@ void record(KWGeneticSolver::Statistics &counters, bool success, KWDocument &chi
         ++counters.improved;
 }
 
+std::unique_ptr<KWDocument> copyOf(const KWDocument &source)
+{
+    try {
+        return std::make_unique<KWDocument>(source);
+    } catch (const std::bad_alloc &) {
+        throw KWMemoryException();
+    }
+}
+
 int share(int populationSize, float factor)
 {
     return static_cast<int>(static_cast<float>(populationSize) * factor);
@@ -101,9 +110,6 @@ KWGeneticSolver::KWGeneticSolver(const KWDocument &document, int stopCriteria, i
     , m_crossover_factor(crossoverFactor)
     , m_mutation_factor(mutationFactor)
     , m_stop_criteria(stopCriteria)
-    , m_copier([](const KWDocument &source) {
-        return std::unique_ptr<KWDocument>(new (std::nothrow) KWDocument(source));
-    })
 {
     seedRandomNumbers();
     m_clock.start();
@@ -147,19 +153,6 @@ bool KWGeneticSolver::isMutationAvailable(int number) const
            m_mutation_available[static_cast<std::size_t>(number)];
 }
 
-std::unique_ptr<KWDocument> KWGeneticSolver::copyOf(const KWDocument &source) const
-{
-    std::unique_ptr<KWDocument> copy;
-    try {
-        copy = m_copier(source);
-    } catch (const std::bad_alloc &) {
-        throw KWMemoryException();
-    }
-    if (!copy)
-        throw KWMemoryException();
-    return copy;
-}
-
 int KWGeneticSolver::numberOfStartSolutions() const
 {
     return share(m_population_size, m_start_factor);
@@ -183,7 +176,12 @@ bool KWGeneticSolver::isFinished() const
         m_stop_criteria == StopOnUnimproved || m_stop_criteria == StopOnEither;
     const bool onTime = m_stop_criteria == StopOnTime || m_stop_criteria == StopOnEither;
     return (onUnimproved && m_generations_unimproved >= m_max_generations_unimproved) ||
-           (onTime && m_clock.elapsed() / 1000 > m_max_seconds);
+           (onTime && isTimeOver(m_clock.elapsed(), m_max_seconds));
+}
+
+bool KWGeneticSolver::isTimeOver(qint64 milliseconds, int maxSeconds)
+{
+    return milliseconds / 1000 > maxSeconds;
 }
 
 void KWGeneticSolver::nextGeneration()

@@ -5,7 +5,6 @@
 #include <QElapsedTimer>
 
 #include <array>
-#include <functional>
 
 /// Finds a seating for all unlocked guests of a plan by evolving whole copies of it.
 ///
@@ -21,10 +20,10 @@ public:
     /// What became of the tries at one kind of mutation, or at crossover.
     struct Statistics
     {
-        int attempts = 0;
-        int successes = 0;
-        int fails = 0;
-        int improved = 0;
+        qint64 attempts = 0;
+        qint64 successes = 0;
+        qint64 fails = 0;
+        qint64 improved = 0;
     };
 
     /// `document` must outlive the solver. The factors say how many mutants, crossover children
@@ -60,8 +59,8 @@ public:
     /// nor scores higher.
     KWDocument bestSolution() const { return best(); }
 
-    int generation() const { return m_generation; }
-    int generationsUnimproved() const { return m_generations_unimproved; }
+    qint64 generation() const { return m_generation; }
+    qint64 generationsUnimproved() const { return m_generations_unimproved; }
     const KWSolutionsList &solutions() const { return m_solutions; }
     bool isMutationAvailable(int number) const;
     bool isCrossoverAvailable() const { return m_crossover_available; }
@@ -74,13 +73,11 @@ public:
     static void logStatistics();
     static void logSeats(const KWTable &table);
 
-    /// Makes the copies of the plan; a test can have it fail by returning null.
-    using Copier = std::function<std::unique_ptr<KWDocument>(const KWDocument &)>;
-    void setCopier(const Copier &copier) { m_copier = copier; }
+    /// Whether more whole seconds have passed than are allowed.
+    static bool isTimeOver(qint64 milliseconds, int maxSeconds);
 
 private:
     void findAvailable();
-    std::unique_ptr<KWDocument> copyOf(const KWDocument &source) const;
     const KWDocument &best() const;
     std::unique_ptr<KWDocument> makeMutant(const KWDocument &parent) const;
     std::unique_ptr<KWDocument> makeCrossover() const;
@@ -93,11 +90,10 @@ private:
     float m_crossover_factor;
     float m_mutation_factor;
     KWSolutionsList m_solutions;
-    int m_generation = 0;
-    int m_generations_unimproved = 0;
+    qint64 m_generation = 0;
+    qint64 m_generations_unimproved = 0;
     QElapsedTimer m_clock;
     std::array<bool, mutationCount> m_mutation_available{};
     bool m_crossover_available = false;
     int m_stop_criteria;
-    Copier m_copier;
 };

@@ -1,6 +1,5 @@
 #include "core/autolayout/kwlayoutrun.h"
 
-#include "core/autolayout/kwmemoryexception.h"
 #include "core/model/kwmodelhooks.h"
 
 #include <QElapsedTimer>
@@ -25,8 +24,6 @@ public:
                    options.maxGenerationsUnimproved, populationSize, mutationFactor,
                    crossoverFactor, startFactor)
     {
-        if (hooks.copier)
-            m_solver.setCopier(hooks.copier);
     }
 
     KWLayoutResult run()
@@ -36,8 +33,6 @@ public:
             makeStartSolutions();
             makeGenerations();
             traceLine(QStringLiteral("**GA finished"));
-        } catch (const KWMemoryException &) {
-            memoryFailed = true;
         } catch (const std::bad_alloc &) {
             memoryFailed = true;
         }
@@ -90,7 +85,7 @@ private:
         }
     }
 
-    void report(bool inStartStage, int done) const
+    void report(bool inStartStage, qint64 done) const
     {
         m_hooks.progress({inStartStage, done, m_startTotal, m_solver.bestScore()});
     }

@@ -17,7 +17,7 @@ struct KWLayoutProgress
 {
     bool inStartStage;
     /// Start solutions made, or generations made after the start stage.
-    int done;
+    qint64 done;
     /// Start solutions wanted; meaningless after the start stage.
     int total;
     /// The score of what would be adopted now: of the first candidate if it seats more guests or
@@ -32,8 +32,6 @@ struct KWLayoutHooks
     /// Lets the program answer its user; whatever sets the plan's abort flag is called from here.
     std::function<void()> processEvents = [] {};
     std::function<void(const KWLayoutProgress &progress)> progress = [](const auto &) {};
-    /// Makes the candidates in the place of the solver's own way.
-    KWGeneticSolver::Copier copier = {};
 };
 
 /// What a layout run did.
@@ -42,7 +40,7 @@ struct KWLayoutResult
     enum StoppedBy { Time, Unimproved, User, Memory };
 
     int startSolutions = 0;
-    int generations = 0;
+    qint64 generations = 0;
     double startStageMs = 0;
     double generationsMs = 0;
     StoppedBy stoppedBy = User;

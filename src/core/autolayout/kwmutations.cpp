@@ -31,6 +31,23 @@ struct Roles
     KWGuest *anchor;
 };
 
+/// An empty seat drawn by chance, or none. The draws have an end, since chance never comes to some
+/// tables of a plan that has more than it has numbers.
+Seat drawEmptySeat(const KWDocument &document)
+{
+    constexpr int mostDraws = 200'000;
+    for (int draw = 0; draw < mostDraws; ++draw) {
+        Seat seat{document.tableAt(randomNumber(document.tableCount()))};
+        if (seat.table->emptySeatCount() == 0)
+            continue;
+        do {
+            seat.number = randomNumber(seat.table->seatCount());
+        } while (seat.guest());
+        return seat;
+    }
+    return {};
+}
+
 /// Walks the pairs with a proximity value round from one drawn by chance, the roles in each drawn
 /// by chance too, until `move` succeeds for one.
 template <typename Move>
@@ -132,13 +149,9 @@ bool mutateMember(KWDocument &child)
 
 bool mutateEmpty(KWDocument &child)
 {
-    Seat seat;
-    do {
-        seat.table = child.tableAt(randomNumber(child.tableCount()));
-    } while (seat.table->emptySeatCount() == 0);
-    do {
-        seat.number = randomNumber(seat.table->seatCount());
-    } while (seat.guest());
+    const Seat seat = drawEmptySeat(child);
+    if (!seat.table)
+        return false;
     KWGuest *guest = child.guestAt(randomNumber(child.guestCount()));
     if (guest->isLocked())
         return false;

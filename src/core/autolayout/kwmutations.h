@@ -13,7 +13,7 @@ bool mutateGuest(KWDocument &child);
 bool mutateMultiGuest(KWDocument &child);
 /// Two members of a group change places.
 bool mutateMember(KWDocument &child);
-/// A guest moves to an empty seat. The plan must have one.
+/// A guest moves to an empty seat. Fails if none turns up in very many draws.
 bool mutateEmpty(KWDocument &child);
 /// Makes the guests of a pair with this proximity value neighbours.
 bool mutateTogether(KWDocument &child, int value);

@@ -13,6 +13,8 @@
 #include <QPair>
 #include <QStringList>
 
+class QIODevice;
+
 /// The plan: it owns all guests, groups and tables and is the one place through which they are
 /// changed. Every change marks the plan as modified, rescores it when asked to, and fires the
 /// events that views follow, eventModified() last.
@@ -324,12 +326,14 @@ public:
     // The plan file.
     enum FileResult { FileOk = 0, FileNotAPlan = 1, FileCannotOpen = 2, FileCannotWrite = 4 };
     /// Writes the plan and the panes' settings to a file: FileOk or FileCannotWrite. An existing
-    /// file is replaced only once all is written; only where its folder takes no new files is it
-    /// written over. On success the plan is unmodified and has this file name.
+    /// file is replaced by replaceFile(), so that a failure leaves it as it was. On success the
+    /// plan is unmodified and has this file name.
     int save(const QString &path, const KWViewSettings &viewSettings);
     /// Replaces the plan by a file's: FileOk, FileNotAPlan or FileCannotOpen. The plan is empty
     /// after a failure. `viewSettings` is filled on success only.
     int load(const QString &path, KWViewSettings &viewSettings, bool &versionDiffers);
+    /// The same from an open device; the plan then has no file name.
+    int load(QIODevice &device, KWViewSettings &viewSettings, bool &versionDiffers);
     /// The text of the plan file, as save() would write it. Reports progress.
     QByteArray toPlanText(const KWViewSettings &viewSettings) const;
 
@@ -370,6 +374,7 @@ private:
     friend class KWGreedySeating;
     friend class KWPlanReader;
 
+    int readFrom(QIODevice &device, KWViewSettings &viewSettings, bool &versionDiffers);
     template <typename Value>
     void setFact(Value KWPlanFacts::*field, const Value &value);
     void reportModified();

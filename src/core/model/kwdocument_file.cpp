@@ -10,13 +10,10 @@
 
 int KWDocument::save(const QString &path, const KWViewSettings &viewSettings)
 {
-    KWSafeFile file(path, true);
-    if (!file.open())
-        return FileCannotWrite;
     bool written = false;
     {
         const EventBlock block(*this);
-        written = file.commit(toPlanText(viewSettings));
+        written = replaceFile(path, toPlanText(viewSettings));
         if (written) {
             m_modified = false;
             m_file_name = QDir::toNativeSeparators(path);
@@ -36,10 +33,21 @@ int KWDocument::load(const QString &path, KWViewSettings &viewSettings, bool &ve
     if (QFileInfo(path).suffix().toLower() != QLatin1StringView("kwb"))
         m_file_name = QDir::toNativeSeparators(path);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return FileCannotOpen;
+    return file.open(QIODevice::ReadOnly) ? readFrom(file, viewSettings, versionDiffers)
+                                          : FileCannotOpen;
+}
+
+int KWDocument::load(QIODevice &device, KWViewSettings &viewSettings, bool &versionDiffers)
+{
+    versionDiffers = false;
+    clear();
+    return readFrom(device, viewSettings, versionDiffers);
+}
+
+int KWDocument::readFrom(QIODevice &device, KWViewSettings &viewSettings, bool &versionDiffers)
+{
     KWPlanReader reader;
-    if (!reader.read(file))
+    if (!reader.read(device))
         return FileNotAPlan;
 
     m_file_version = reader.fileVersion();
@@ -49,7 +57,6 @@ int KWDocument::load(const QString &path, KWViewSettings &viewSettings, bool &ve
         const EventBlock block(*this);
         try {
             reader.build(*this, viewSettings);
-            file.close();
             m_modified = false;
             recalculateScores();
         } catch (...) {

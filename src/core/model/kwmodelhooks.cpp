@@ -22,7 +22,7 @@ void traceLine(const QString &text, const QString &more)
         sink(text + more);
 }
 
-void traceLine(const QString &text, int number)
+void traceLine(const QString &text, qint64 number)
 {
     if (const auto &sink = modelHooks().trace)
         sink(text + QString::number(number));

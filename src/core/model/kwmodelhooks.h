@@ -27,6 +27,6 @@ KWModelHooks &modelHooks();
 /// Writes a line to the trace: a text, a text and a second text, a text and a number.
 void traceLine(const QString &text);
 void traceLine(const QString &text, const QString &more);
-void traceLine(const QString &text, int number);
+void traceLine(const QString &text, qint64 number);
 /// The same in the manner of printf, for at most 511 bytes; a longer line is replaced by a note.
 [[gnu::format(printf, 1, 2)]] void traceFormatted(const char *format, ...);

@@ -11,6 +11,7 @@
 #include <expat.h>
 #include <memory>
 #include <new>
+#include <string_view>
 #include <type_traits>
 
 using namespace KWPlanText;
@@ -22,66 +23,14 @@ constexpr qint64 maxCountedSeats = 1'000'000;
 /// A plan's elements stand three deep. Deeper nesting than this is an attack on the stack.
 constexpr int maxDepth = 1000;
 
-enum GuestField {
-    DisplayName,
-    Title,
-    FirstName,
-    LastName,
-    Meal,
-    Gender,
-    Age,
-    Locked,
-    GuestNotes,
-    Vip,
-    Accepted,
-    Group
-};
-enum GroupField {
-    Address1,
-    Address2,
-    City,
-    State,
-    Zip,
-    Country,
-    WorkPhone,
-    HomePhone,
-    MobilePhone,
-    Email,
-    GroupName,
-    GroupNotes
-};
-enum TableField {
-    TableName,
-    Shape,
-    SeatsAcross,
-    SeatsDown,
-    SeatsAcross2,
-    SeatsDown2,
-    TableNotes,
-    Assigned,
-    X,
-    Y
-};
-
-/// The value of an attribute as the parser hands it over, names and values in turn up to a null.
-QString valueOf(const char *const *attributes, QLatin1StringView name)
+/// The value of a setting's element.
+QString valueOf(const char *const *attributes)
 {
     for (; *attributes; attributes += 2) {
-        if (QLatin1StringView(*attributes) == name)
+        if (std::string_view(*attributes) == "value")
             return unescaped(attributes[1]);
     }
     return {};
-}
-
-/// The values of the named attributes; null for those that are missing.
-template <std::size_t N>
-std::array<QString, N> valuesOf(const char *const *attributes,
-                                const std::array<QLatin1StringView, N> &names)
-{
-    std::array<QString, N> values;
-    std::ranges::transform(names, values.begin(),
-                           [=](QLatin1StringView name) { return valueOf(attributes, name); });
-    return values;
 }
 
 auto itemsOf(const QString &assigned)
@@ -89,25 +38,55 @@ auto itemsOf(const QString &assigned)
     return QStringView(assigned).tokenize(u',', Qt::SkipEmptyParts);
 }
 
+bool isShape(int shape)
+{
+    return shape >= 0 && shape < KWTable::ShapeCount;
+}
+
 bool hasSides(int shape)
 {
     return shape == KWTable::Rectangular || shape == KWTable::Custom;
+}
+
+/// How many seats a table element names one by one; more than a table can have are one too many.
+template <typename Record>
+int namedSeatsOf(const Record &record)
+{
+    int items = 0;
+    for ([[maybe_unused]] const QStringView item : itemsOf(record["assigned"])) {
+        if (++items > KWTable::maxCount)
+            break;
+    }
+    return items;
 }
 
 /// The seats that a table element asks for.
 template <typename Record>
 int seatCountOf(const Record &record)
 {
-    const int shape = toInt(record[Shape]);
-    if (hasSides(shape))
-        return KWTable::seatCountFor(shape, toInt(record[SeatsAcross]), toInt(record[SeatsDown]),
-                                     toInt(record[SeatsAcross2]), toInt(record[SeatsDown2]));
-    int items = 0;
-    for ([[maybe_unused]] const QStringView item : itemsOf(record[Assigned])) {
-        if (++items == KWTable::maxCount)
-            break;
+    const int shape = toInt(record["shape"]);
+    return hasSides(shape)
+               ? KWTable::seatCountFor(shape, toInt(record["seats_across"]),
+                                       toInt(record["seats_down"]), toInt(record["seats_across_2"]),
+                                       toInt(record["seats_down_2"]))
+               : KWTable::seatCountFor(shape, namedSeatsOf(record), 0, 0, 0);
+}
+
+/// Whether a table element asks for more than a table can have. Guests would lose their seats.
+template <typename Record>
+bool isTooLarge(const Record &record)
+{
+    const auto isBeyond = [](int count) { return count > KWTable::maxCount; };
+    switch (const int shape = toInt(record["shape"])) {
+    case KWTable::Custom:
+        if (isBeyond(toInt(record["seats_across_2"])) || isBeyond(toInt(record["seats_down_2"])))
+            return true;
+        [[fallthrough]];
+    case KWTable::Rectangular:
+        return isBeyond(toInt(record["seats_across"])) || isBeyond(toInt(record["seats_down"]));
+    default:
+        return isShape(shape) && isBeyond(namedSeatsOf(record));
     }
-    return KWTable::seatCountFor(shape, items, 0, 0, 0);
 }
 
 void assign(int &setting, const QString &text)
@@ -245,17 +224,18 @@ void KWPlanReader::readElement(const char *name, const char *const *attributes)
 {
     const QLatin1StringView element(name);
     if (element == QLatin1StringView("guest")) {
-        m_guests.push_back(valuesOf(attributes, guestAttributes));
+        m_guests.emplace_back(attributes);
     } else if (element == QLatin1StringView("group")) {
-        m_groups.push_back(valuesOf(attributes, groupAttributes));
+        m_groups.emplace_back(attributes);
     } else if (element == QLatin1StringView("table")) {
-        m_tables.push_back(valuesOf(attributes, tableAttributes));
+        m_tables.emplace_back(attributes);
     } else if (element == QLatin1StringView("affinity")) {
-        const auto values = valuesOf(attributes, affinityAttributes);
-        m_affinities.push_back({toInt(values[0]), toInt(values[1]), toInt(values[2])});
+        const KWPlanRecord<affinityAttributes> record(attributes);
+        m_affinities.push_back(
+            {toInt(record["guest1"]), toInt(record["guest2"]), toInt(record["value"])});
     } else {
         // Of two equal settings the first counts.
-        m_settings.try_emplace(name, valueOf(attributes, QLatin1StringView("value")));
+        m_settings.try_emplace(name, valueOf(attributes));
     }
 }
 
@@ -263,7 +243,9 @@ bool KWPlanReader::hasTooManySeats() const
 {
     qint64 seats = 0;
     for (const TableRecord &record : m_tables) {
-        if (hasSides(toInt(record[Shape])))
+        if (isTooLarge(record))
+            return true;
+        if (hasSides(toInt(record["shape"])))
             seats += seatCountOf(record);
     }
     return seats > maxCountedSeats;
@@ -334,45 +316,44 @@ void KWPlanReader::buildSettings(KWDocument &document, KWViewSettings &views) co
 
 void KWPlanReader::buildGroup(KWDocument &document, const GroupRecord &record)
 {
-    const KWContact contact(record[Address1], record[Address2], record[City], record[State],
-                            record[Zip], record[Country], record[WorkPhone], record[HomePhone],
-                            record[MobilePhone], record[Email]);
-    document.addGroup(contact, record[GroupName], record[GroupNotes]);
+    const KWContact contact(record["address1"], record["address2"], record["city"], record["state"],
+                            record["zip"], record["country"], record["work_phone"],
+                            record["home_phone"], record["mobile_phone"], record["email"]);
+    document.addGroup(contact, record["name"], record["notes"]);
 }
 
 void KWPlanReader::buildGuest(KWDocument &document, const GuestRecord &record)
 {
-    bool isNumber = false;
-    const int index = record[Group].toInt(&isNumber);
-    KWGroup *group = document.groupAt(isNumber ? index : 0);
+    // What is no number stands for the first.
+    KWGroup *group = document.groupAt(toInt(record["group"]));
     if (!group)
         return;
-    document.addGuest({.display_name = record[DisplayName],
-                       .title = record[Title],
-                       .first_name = record[FirstName],
-                       .last_name = record[LastName],
-                       .meal = record[Meal],
-                       .gender = KWGuest::genderFromString(record[Gender]),
-                       .age = KWGuest::ageFromString(record[Age]),
-                       .locked = toBool(record[Locked]),
-                       .notes = record[GuestNotes],
-                       .vip = toBool(record[Vip]),
-                       .accepted = toBool(record[Accepted])},
+    document.addGuest({.display_name = record["display_name"],
+                       .title = record["title"],
+                       .first_name = record["first_name"],
+                       .last_name = record["last_name"],
+                       .meal = record["meal"],
+                       .gender = KWGuest::genderFromString(record["gender"]),
+                       .age = KWGuest::ageFromString(record["age"]),
+                       .locked = toBool(record["locked"]),
+                       .notes = record["notes"],
+                       .vip = toBool(record["vip"]),
+                       .accepted = toBool(record["accepted"])},
                       group);
 }
 
 void KWPlanReader::buildTable(KWDocument &document, const TableRecord &record)
 {
-    const int shape = toInt(record[Shape]);
-    if (shape < 0 || shape >= KWTable::ShapeCount)
+    const int shape = toInt(record["shape"]);
+    if (!isShape(shape))
         return;
     const bool sided = hasSides(shape);
     KWTable *table = document.addTable(
-        shape, record[TableName], sided ? toInt(record[SeatsAcross]) : seatCountOf(record),
-        toInt(record[SeatsDown]), toInt(record[SeatsAcross2]), toInt(record[SeatsDown2]),
-        {toInt(record[X]), toInt(record[Y])}, record[TableNotes]);
+        shape, record["table"], sided ? toInt(record["seats_across"]) : seatCountOf(record),
+        toInt(record["seats_down"]), toInt(record["seats_across_2"]), toInt(record["seats_down_2"]),
+        {toInt(record["X"]), toInt(record["Y"])}, record["notes"]);
     int seat = 0;
-    for (const QStringView item : itemsOf(record[Assigned])) {
+    for (const QStringView item : itemsOf(record["assigned"])) {
         if (seat == table->seatCount())
             break;
         if (KWGuest *guest = document.guestAt(item.toInt()))

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "core/model/kwplanrecord.h"
 #include "core/model/kwplansettings.h"
-#include "core/model/kwplantext.h"
 
 #include <QString>
 
-#include <array>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,7 +17,7 @@ class QIODevice;
 ///
 /// Elements count wherever they stand. What a plan cannot hold is dropped without a word; only a
 /// text that is no XML, has another document type, declares entities or attributes, nests far
-/// deeper than plans do, or asks for more seats than any room holds is refused.
+/// deeper than plans do, or asks for more seats than a table or any room holds is refused.
 class KWPlanReader
 {
 public:
@@ -34,11 +33,9 @@ public:
     void build(KWDocument &document, KWViewSettings &views) const;
 
 private:
-    template <std::size_t N>
-    using Record = std::array<QString, N>;
-    using GuestRecord = Record<KWPlanText::guestAttributes.size()>;
-    using GroupRecord = Record<KWPlanText::groupAttributes.size()>;
-    using TableRecord = Record<KWPlanText::tableAttributes.size()>;
+    using GuestRecord = KWPlanRecord<KWPlanText::guestAttributes>;
+    using GroupRecord = KWPlanRecord<KWPlanText::groupAttributes>;
+    using TableRecord = KWPlanRecord<KWPlanText::tableAttributes>;
     struct AffinityRecord
     {
         int guest1;

@@ -7,38 +7,24 @@
 #include <QString>
 
 #include <array>
+#include <string_view>
 
 /// How values stand in a plan file, and the names of its elements and attributes.
 namespace KWPlanText {
 
 constexpr QLatin1StringView documentType{"ambrelune"};
 
-inline constexpr std::array guestAttributes{
-    QLatin1StringView("display_name"), QLatin1StringView("title"),
-    QLatin1StringView("first_name"),   QLatin1StringView("last_name"),
-    QLatin1StringView("meal"),         QLatin1StringView("gender"),
-    QLatin1StringView("age"),          QLatin1StringView("locked"),
-    QLatin1StringView("notes"),        QLatin1StringView("vip"),
-    QLatin1StringView("accepted"),     QLatin1StringView("group")};
-inline constexpr std::array groupAttributes{
-    QLatin1StringView("address1"),     QLatin1StringView("address2"),
-    QLatin1StringView("city"),         QLatin1StringView("state"),
-    QLatin1StringView("zip"),          QLatin1StringView("country"),
-    QLatin1StringView("work_phone"),   QLatin1StringView("home_phone"),
-    QLatin1StringView("mobile_phone"), QLatin1StringView("email"),
-    QLatin1StringView("name"),         QLatin1StringView("notes")};
-inline constexpr std::array tableAttributes{QLatin1StringView("table"),
-                                            QLatin1StringView("shape"),
-                                            QLatin1StringView("seats_across"),
-                                            QLatin1StringView("seats_down"),
-                                            QLatin1StringView("seats_across_2"),
-                                            QLatin1StringView("seats_down_2"),
-                                            QLatin1StringView("notes"),
-                                            QLatin1StringView("assigned"),
-                                            QLatin1StringView("X"),
-                                            QLatin1StringView("Y")};
-inline constexpr std::array affinityAttributes{
-    QLatin1StringView("guest1"), QLatin1StringView("guest2"), QLatin1StringView("value")};
+/// The attributes that a reader looks for; whatever else an element has means nothing.
+inline constexpr std::array<std::string_view, 12> guestAttributes{
+    "display_name", "title",  "first_name", "last_name", "meal",     "gender",
+    "age",          "locked", "notes",      "vip",       "accepted", "group"};
+inline constexpr std::array<std::string_view, 12> groupAttributes{
+    "address1",   "address2",   "city",         "state", "zip",  "country",
+    "work_phone", "home_phone", "mobile_phone", "email", "name", "notes"};
+inline constexpr std::array<std::string_view, 10> tableAttributes{
+    "table",        "shape", "seats_across", "seats_down", "seats_across_2",
+    "seats_down_2", "notes", "assigned",     "X",          "Y"};
+inline constexpr std::array<std::string_view, 3> affinityAttributes{"guest1", "guest2", "value"};
 
 /// An attribute's text: pure ASCII, everything but letters, digits and ! ( ) * - . / _ as percent
 /// escapes of its UTF-8 bytes.

@@ -72,15 +72,17 @@ public:
     }
 
 private:
-    void attribute(QLatin1StringView name, const QString &value)
+    void attribute(const char *name, const QString &value)
     {
-        m_xml.writeAttribute(name, escaped(value));
+        m_xml.writeAttribute(QLatin1StringView(name), escaped(value));
     }
+    void attribute(const char *name, int value) { attribute(name, fromInt(value)); }
+    void attribute(const char *name, bool value) { attribute(name, fromBool(value)); }
 
     void writeSetting(QLatin1StringView key, const QString &value)
     {
         m_xml.writeEmptyElement(key);
-        attribute(QLatin1StringView("value"), value);
+        attribute("value", value);
     }
 
     void writeSettings()
@@ -119,69 +121,71 @@ private:
         m_xml.writeEndElement();
     }
 
-    /// An element with these values, each under the name at the same place. A null value leaves
-    /// its attribute out.
-    template <std::size_t N>
-    void writeElement(QLatin1StringView name, const std::array<QLatin1StringView, N> &names,
-                      const std::array<QString, N> &values)
-    {
-        m_xml.writeEmptyElement(name);
-        for (std::size_t i = 0; i < N; ++i) {
-            if (!values[i].isNull())
-                attribute(names[i], values[i]);
-        }
-    }
-
-    /// A text for writeElement() that stands in the file even when it is empty.
-    static QString present(const QString &text) { return text.isNull() ? QLatin1String("") : text; }
-
     void writeGuest(const KWGuest &guest)
     {
-        const int group = m_document.indexOfGroup(guest.group());
-        writeElement<guestAttributes.size()>(
-            QLatin1StringView("guest"), guestAttributes,
-            {present(guest.displayName()), present(guest.title()), present(guest.firstName()),
-             present(guest.lastName()), present(guest.meal()), present(guest.genderString()),
-             present(guest.ageString()), fromBool(guest.isLocked()), present(guest.notes()),
-             fromBool(guest.isVip()), fromBool(guest.isAccepted()),
-             group < 0 ? QString() : fromInt(group)});
+        m_xml.writeEmptyElement(QLatin1StringView("guest"));
+        attribute("display_name", guest.displayName());
+        attribute("title", guest.title());
+        attribute("first_name", guest.firstName());
+        attribute("last_name", guest.lastName());
+        attribute("meal", guest.meal());
+        attribute("gender", guest.genderString());
+        attribute("age", guest.ageString());
+        attribute("locked", guest.isLocked());
+        attribute("notes", guest.notes());
+        attribute("vip", guest.isVip());
+        attribute("accepted", guest.isAccepted());
+        if (const int group = m_document.indexOfGroup(guest.group()); group >= 0)
+            attribute("group", group);
     }
 
     void writeGroup(const KWGroup &group)
     {
-        const KWContact &c = group.contact();
-        writeElement<groupAttributes.size()>(
-            QLatin1StringView("group"), groupAttributes,
-            {present(c.address1), present(c.address2), present(c.city), present(c.state),
-             present(c.zip), present(c.country), present(c.work_phone), present(c.home_phone),
-             present(c.mobile_phone), present(c.email), present(group.name()),
-             present(group.notes())});
+        const KWContact &contact = group.contact();
+        m_xml.writeEmptyElement(QLatin1StringView("group"));
+        attribute("address1", contact.address1);
+        attribute("address2", contact.address2);
+        attribute("city", contact.city);
+        attribute("state", contact.state);
+        attribute("zip", contact.zip);
+        attribute("country", contact.country);
+        attribute("work_phone", contact.work_phone);
+        attribute("home_phone", contact.home_phone);
+        attribute("mobile_phone", contact.mobile_phone);
+        attribute("email", contact.email);
+        attribute("name", group.name());
+        attribute("notes", group.notes());
     }
 
     void writeTable(const KWTable &table)
     {
         const bool custom = table.shape() == KWTable::Custom;
-        const bool sided = custom || table.shape() == KWTable::Rectangular;
+        m_xml.writeEmptyElement(QLatin1StringView("table"));
+        attribute("table", table.name());
+        attribute("shape", table.shape());
+        if (custom || table.shape() == KWTable::Rectangular) {
+            attribute("seats_across", table.seatsAcross());
+            attribute("seats_down", table.seatsDown());
+        }
+        if (custom) {
+            attribute("seats_across_2", table.seatsAcross2());
+            attribute("seats_down_2", table.seatsDown2());
+        }
+        attribute("notes", table.notes());
         QStringList assigned;
         for (const KWGuest *guest : table.seats())
             assigned.append(fromInt(m_document.indexOfGuest(guest)));
-        writeElement<tableAttributes.size()>(QLatin1StringView("table"), tableAttributes,
-                                             {present(table.name()), fromInt(table.shape()),
-                                              sided ? fromInt(table.seatsAcross()) : QString(),
-                                              sided ? fromInt(table.seatsDown()) : QString(),
-                                              custom ? fromInt(table.seatsAcross2()) : QString(),
-                                              custom ? fromInt(table.seatsDown2()) : QString(),
-                                              present(table.notes()), present(assigned.join(u',')),
-                                              fromInt(table.position().x()),
-                                              fromInt(table.position().y())});
+        attribute("assigned", assigned.join(u','));
+        attribute("X", table.position().x());
+        attribute("Y", table.position().y());
     }
 
     void writeAffinity(const KWDocument::Affinity &pair)
     {
-        writeElement<affinityAttributes.size()>(QLatin1StringView("affinity"), affinityAttributes,
-                                                {fromInt(m_document.indexOfGuest(pair.first)),
-                                                 fromInt(m_document.indexOfGuest(pair.second)),
-                                                 fromInt(pair.value)});
+        m_xml.writeEmptyElement(QLatin1StringView("affinity"));
+        attribute("guest1", m_document.indexOfGuest(pair.first));
+        attribute("guest2", m_document.indexOfGuest(pair.second));
+        attribute("value", pair.value);
     }
 
     const KWDocument &m_document;

@@ -1,29 +1,18 @@
 #pragma once
 
-#include <QFileDevice>
+#include <QByteArray>
 #include <QString>
 
-#include <memory>
+/// Gives a file a new content; if that fails, the old one stays. `error` gets the system's words.
+///
+/// A new file takes the place of the old one, with its owner, group and mode. Where that cannot be
+/// had, be it that another user's file would change hands or that the folder takes no new files,
+/// the content is written over the old one, for which the space is set aside first.
+///
+/// Links are followed. A character device, and whatever stands behind /dev/stdout and the like, is
+/// written to; anything else that is no regular file is refused, since it might wait for ever.
+bool replaceFile(const QString &path, const QByteArray &content, QString *error = nullptr);
 
-/// A file for writing whose old content stays until commit() has put the new one in its place, as
-/// far as its kind and its folder allow.
-class KWSafeFile
-{
-public:
-    /// Where a folder takes no new files, `mayOverwrite` allows writing over the old content, as
-    /// long as the file itself may be written. A device or a pipe, and whatever stands behind
-    /// /dev/stdout and the like, is always written directly.
-    KWSafeFile(const QString &path, bool mayOverwrite);
-
-    bool open();
-    /// Writes all of it and puts it in place; false if anything of that failed.
-    bool commit(const QByteArray &content);
-    /// What the system says of a failure.
-    QString errorString() const { return m_error; }
-
-private:
-    bool check(bool ok);
-
-    std::unique_ptr<QFileDevice> m_file;
-    QString m_error;
-};
+/// Copies a regular file and its permissions, and makes the folder if there is none. A file that is
+/// there already is replaced, and a copy that fails leaves nothing behind.
+bool copyFile(const QString &from, const QString &to, QString *error = nullptr);

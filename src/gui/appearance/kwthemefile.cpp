@@ -242,8 +242,7 @@ bool KWThemeFile::write(const Lines &lines) const
     QByteArray bytes;
     for (const QByteArray &line : lines)
         bytes += line + "\r\n";
-    KWSafeFile file(ownPath(), false);
-    return QDir().mkpath(m_ownDirectory) && file.open() && file.commit(bytes);
+    return QDir().mkpath(m_ownDirectory) && replaceFile(ownPath(), bytes);
 }
 
 // An update that cannot be deleted, as it lies in a read-only place beside the program, would bring
@@ -260,9 +259,7 @@ void KWThemeFile::takeUpdates()
             logFailure(u"Unable to write themes to '%1'"_s, ownPath());
             continue;
         }
-        KWSafeFile note(taken, false);
-        if (!QFile::remove(path) &&
-            !(QDir().mkpath(m_ownDirectory) && note.open() && note.commit(*update)))
+        if (!QFile::remove(path) && !(QDir().mkpath(m_ownDirectory) && replaceFile(taken, *update)))
             logFailure(u"Unable to write themes to '%1'"_s, taken);
     }
 }

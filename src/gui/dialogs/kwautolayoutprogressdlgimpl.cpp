@@ -30,14 +30,15 @@ void KWAutoLayoutProgressDlgImpl::runAutoLayout()
     // A stop that came too late for the run before is not meant for this one.
     m_document->setAbortRequested(false);
     show();
-    KWLayoutOptions options;
-    if (KWMainWindow *window = mainWin()) {
-        const KWUserSettings &settings = *window->userSettings();
-        options = {.stopCriteria = settings.solverStopCriteria(),
-                   .maxSeconds = settings.solverMaxSeconds(),
-                   .maxGenerationsUnimproved = settings.solverMaxGenerationsUnimproved()};
-    }
-    autoLayout(*m_document, this, options);
+    KWMainWindow *window = mainWin();
+    autoLayout(*m_document, this, window ? optionsOf(*window->userSettings()) : KWLayoutOptions());
+}
+
+KWLayoutOptions KWAutoLayoutProgressDlgImpl::optionsOf(const KWUserSettings &settings)
+{
+    return {.stopCriteria = settings.solverStopCriteria(),
+            .maxSeconds = settings.solverMaxSeconds(),
+            .maxGenerationsUnimproved = settings.solverMaxGenerationsUnimproved()};
 }
 
 void KWAutoLayoutProgressDlgImpl::updateProgress(int progress)

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "core/autolayout/kwlayoutrun.h"
 #include "gui/framework/kwdialog.h"
 
 #include <memory>
 
 class KWDocument;
+class KWUserSettings;
 
 namespace Ui {
 class KWAutoLayoutProgressDlg;
@@ -24,6 +26,8 @@ public:
     /// Shows the dialog and returns when the layout has ended, with the user's settings for the
     /// end.
     void runAutoLayout();
+    /// When a layout ends, by the user's settings.
+    static KWLayoutOptions optionsOf(const KWUserSettings &settings);
 
 public slots:
     /// Any change is a sign of life; there is no end to be seen.

@@ -98,9 +98,7 @@ QString KWExportCommands::exportFloorPlan(const QString &path)
     // Through memory, so that a failure leaves an older picture in its place.
     QBuffer encoded;
     encoded.open(QIODevice::WriteOnly);
-    KWSafeFile file(path, true);
-    if (!image.save(&encoded, qPrintable(format), -1) || !file.open() ||
-        !file.commit(encoded.data()))
+    if (!image.save(&encoded, qPrintable(format), -1) || !replaceFile(path, encoded.data()))
         return shortOfMemory(tr("Unable to save to '%1' as '%2' format image.").arg(path, format));
     return {};
 }

@@ -1,6 +1,6 @@
+#include "copymemory.h"
 #include "core/autolayout/kwautolayout.h"
 #include "core/autolayout/kwgaevent.h"
-#include "core/autolayout/kwmemoryexception.h"
 #include "solvertest.h"
 #include "support/eventlog.h"
 #include "support/registeredtest.h"
@@ -45,14 +45,6 @@ QString timeText()
     return s("error(The automatic layout did not have enough time to compute a good solution.\n"
              "Try increasing the time allowed in the Preferences window.)");
 }
-
-/// Makes so many candidates and then fails.
-KWGeneticSolver::Copier copierFailingAfter(int copies)
-{
-    return [left = std::make_shared<int>(copies)](const KWDocument &source) {
-        return (*left)-- > 0 ? std::make_unique<KWDocument>(source) : nullptr;
-    };
-}
 } // namespace
 
 class TestKWAutoLayout : public QObject
@@ -85,9 +77,30 @@ private slots:
         KWLayoutOptions none = quick;
         none.maxGenerationsUnimproved = 1;
         const QString before = seating(*m_plan);
-        autoLayout(*m_plan, nullptr, none, copierFailingAfter(1));
+        const CopyLimit limit(1);
+        autoLayout(*m_plan, nullptr, none);
         QCOMPARE(seating(*m_plan), before);
         QVERIFY(m_plan->isModified());
+    }
+
+    void aLayoutCountsAsAChangeAlsoInAPlanWithoutWishes()
+    {
+        KWDocument drawn = drawnPlan(s("ring A B"));
+        drawn.setModified(false);
+        autoLayout(drawn, nullptr, quick);
+        QVERIFY(drawn.isModified());
+    }
+
+    void theProgressOfAVeryLongRunStaysWithinItsNumber()
+    {
+        const auto steps = [](bool inStartStage, qint64 done) {
+            return KWGAEvent::progressOf({inStartStage, done, 40, 0});
+        };
+        QCOMPARE(steps(true, 7), 7);
+        QCOMPARE(steps(false, 7), 110);
+        QCOMPARE(steps(false, 214'748'360), 2'147'483'640);
+        QCOMPARE(steps(false, 214'748'361), 2'147'483'647);
+        QCOMPARE(steps(false, 10'000'000'000), 2'147'483'647);
     }
 
     void theDialogIsToldOfEachStartSolutionAndGeneration()
@@ -160,7 +173,8 @@ private slots:
     {
         QFETCH(int, copies);
         EventLog log(*m_plan);
-        autoLayout(*m_plan, nullptr, quick, copierFailingAfter(copies));
+        const CopyLimit limit(copies);
+        autoLayout(*m_plan, nullptr, quick);
         QCOMPARE(log.take(), QStringList({s("eventPrepareAutoLayout()"), memoryText(),
                                           s("eventRefresh()"), s("eventModified()")}));
         QTEST(m_plan->seatedGuestCount(), "seated");
@@ -170,10 +184,13 @@ private slots:
     {
         const QString before = seating(*m_plan);
         EventLog log(*m_plan);
-        const auto fail = [](const KWDocument &) -> std::unique_ptr<KWDocument> {
-            throw std::runtime_error("broken");
+        const auto trace = modelHooks().trace;
+        modelHooks().trace = [](const QString &line) {
+            if (line == s("**GA generation=1"))
+                throw std::runtime_error("broken");
         };
-        QVERIFY_THROWS_EXCEPTION(std::runtime_error, autoLayout(*m_plan, nullptr, quick, fail));
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, autoLayout(*m_plan, nullptr, quick));
+        modelHooks().trace = trace;
         QCOMPARE(log.take(), QStringList({s("eventPrepareAutoLayout()"), s("eventRefresh()")}));
         QCOMPARE(seating(*m_plan), before);
         QVERIFY(!m_plan->isModified());

@@ -4,8 +4,6 @@
 
 #include <QtTest>
 
-#include <QElapsedTimer>
-
 /// The solver without its generations: its numbers, the start, the end and the choice.
 class TestGeneticSolver : public QObject
 {
@@ -182,16 +180,47 @@ private slots:
 
     void timeIsOverWhenTheWholeSecondsExceedTheAllowance()
     {
+        QVERIFY(!KWGeneticSolver::isTimeOver(999, 0));
+        QVERIFY(KWGeneticSolver::isTimeOver(1000, 0));
+        QVERIFY(!KWGeneticSolver::isTimeOver(60'999, 60));
+        QVERIFY(KWGeneticSolver::isTimeOver(61'000, 60));
+        // More milliseconds than an int holds.
+        QVERIFY(!KWGeneticSolver::isTimeOver(3'000'000'999, 3'000'000));
+        QVERIFY(KWGeneticSolver::isTimeOver(3'000'001'000, 3'000'000));
+    }
+
+    void theTimeOfARunPasses()
+    {
         const KWDocument plan = drawnPlan("ring A");
-        QElapsedTimer longer;
-        longer.start();
         const KWGeneticSolver solver =
             solverFor(plan, {.stopCriteria = KWGeneticSolver::StopOnTime, .maxSeconds = 0});
-        QElapsedTimer shorter;
-        shorter.start();
-        for (qint64 before = 0; !solver.isFinished(); before = shorter.elapsed())
-            QVERIFY2(before < 1000, qPrintable(QString::number(before)));
-        QVERIFY2(longer.elapsed() >= 1000, qPrintable(QString::number(longer.elapsed())));
+        // Nothing else ends it than that a second goes by.
+        while (!solver.isFinished()) {
+        }
+    }
+
+    void aRunDrawsItsNumbersFromTheSeedAnew()
+    {
+        const FixedSeed seed(1);
+        const int first = randomNumber(30'000);
+        const KWDocument plan = drawnPlan("ring A");
+        const KWGeneticSolver solver = solverFor(plan);
+        QCOMPARE(randomNumber(30'000), first);
+    }
+
+    void onlyTheFirstCandidateIsKept()
+    {
+        const KWDocument plan = drawnPlan("ring A B C");
+        KWGeneticSolver solver = solverFor(plan);
+        addStartSolutions(solver, 5);
+        const KWDocument *first = solver.solutions().first();
+        const int alive = KWDocument::liveCount();
+        solver.keepFirstSolution();
+        QCOMPARE(candidates(solver), QList<const KWDocument *>{first});
+        QCOMPARE(KWDocument::liveCount(), alive - 4);
+        KWGeneticSolver empty = solverFor(plan);
+        empty.keepFirstSolution();
+        QCOMPARE(empty.numberOfSolutions(), 0);
     }
 
     void theCandidateWinsIfItSeatsMoreOrScoresHigher_data()
@@ -303,7 +332,8 @@ private:
         addRow("four unlocked, two tables", 1, "ring A B | ring C D", true);
         addRow("four without seats", 1, "ring - - | ring - - | wait A B C D", true);
         addRow("locked guests leave two seats", 1, "ring A B C D | ring E! - -", true);
-        addRow("three unlocked", 1, "ring A B | ring C D!", false);
+        addRow("three unlocked", 1, "ring A B - | ring C - D! -", false);
+        addRow("four unlocked, room at both", 1, "ring A B - | ring C D -", true);
         addRow("a table of one seat", 1, "ring A B C D | ring -", false);
         addRow("locked guests leave one seat", 1, "ring A B C D | ring E! -", false);
 

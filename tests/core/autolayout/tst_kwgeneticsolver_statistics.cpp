@@ -36,12 +36,12 @@ private:
     Statistics m_crossover = KWGeneticSolver::crossoverStatistics();
 };
 
-QList<int> values(const Statistics &counters)
+QList<qint64> values(const Statistics &counters)
 {
     return {counters.attempts, counters.successes, counters.fails, counters.improved};
 }
 
-QString percent(int part, int whole)
+QString percent(qint64 part, qint64 whole)
 {
     return whole < 1 ? s("-") : QString::number(part * 100 / whole);
 }
@@ -49,8 +49,8 @@ QString percent(int part, int whole)
 /// The six columns that both tables have, each cell ten wide.
 QString cells(const Statistics &c)
 {
-    return QString::asprintf("%10d %10d %10d %10d %10s %10s", c.attempts, c.successes, c.fails,
-                             c.improved,
+    return QString::asprintf("%10lld %10lld %10lld %10lld %10s %10s", c.attempts, c.successes,
+                             c.fails, c.improved,
                              qUtf8Printable(percent(c.successes, c.successes + c.fails)),
                              qUtf8Printable(percent(c.improved, c.successes)));
 }
@@ -118,10 +118,10 @@ private slots:
     {
         const Counting counting;
         runOneGeneration(drawnPlan("ring A"));
-        QCOMPARE(values(counting.mutations()), (QList<int>{10 * 51, 0, 0, 0}));
+        QCOMPARE(values(counting.mutations()), (QList<qint64>{10 * 51, 0, 0, 0}));
         for (int number = 0; number < 8; ++number)
             QVERIFY(std::abs(counting.mutation(number).attempts - 64) < 30);
-        QCOMPARE(values(counting.crossover()), (QList<int>{0, 0, 0, 0}));
+        QCOMPARE(values(counting.crossover()), (QList<qint64>{0, 0, 0, 0}));
     }
 
     void eachTryCountsAsSuccessOrFailAndEachBetterChildAsImproved()
@@ -164,6 +164,49 @@ private slots:
         QCOMPARE(guest.improved, 0);
     }
 
+    void eachNumberIsItsOwnMove_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QString>("mark");
+        QTest::addColumn<QString>("drawing");
+        const auto row = [](int number, const char *mark, const char *drawing) {
+            QTest::addRow("%d", number) << number << s(mark) << s(drawing);
+        };
+        // In each plan the others would leave another mark or could do nothing.
+        row(0, "->GuestM", "ring A B");
+        row(1, "->MultiGuestM", "ring A B | ring C D");
+        row(2, "->MemberM", "ring A B | group A B");
+        row(3, "->EmptyM", "ring A -");
+        row(4, "", "ring A B C | loves A C");
+        row(5, "", "ring A B C | likes A C");
+        row(6, "", "ring A B | ring C D | dislikes A B");
+        row(7, "", "ring A B | ring C D | hates A B");
+    }
+
+    void eachNumberIsItsOwnMove()
+    {
+        QFETCH(const int, number);
+        QFETCH(const QString, mark);
+        QFETCH(const QString, drawing);
+        const FixedSeed seed(1);
+        const KWDocument plan = drawnPlan(drawing);
+        SolverNumbers numbers{.mutationFactor = 10};
+        numbers.crossoverFactor = 0;
+        KWGeneticSolver solver = solverFor(plan, numbers);
+        solver.addStartSolution();
+        const Counting counting;
+        solver.nextGeneration();
+        const QStringList children = histories(candidates(solver).mid(1));
+        QCOMPARE(children.size(), 200);
+        QVERIFY(counting.mutation(number).successes > 0);
+        if (mark.isEmpty()) {
+            // The plain children are those of this number, since no other leaves no mark.
+            QCOMPARE(counting.mutation(number).successes, children.count(s("0")));
+        } else {
+            QCOMPARE(counting.mutation(number).successes, children.count(s("0") + mark));
+        }
+    }
+
     void crossoversAreCounted()
     {
         const Counting counting;
@@ -180,8 +223,8 @@ private slots:
         QVERIFY(givenUp > 0 && givenUp < 30);
         QCOMPARE(
             values(counting.crossover()),
-            (QList<int>{51 * givenUp + 30 - givenUp, 30 - givenUp, 51 * givenUp, 30 - givenUp}));
-        QCOMPARE(values(counting.mutations()), (QList<int>{0, 0, 0, 0}));
+            (QList<qint64>{51 * givenUp + 30 - givenUp, 30 - givenUp, 51 * givenUp, 30 - givenUp}));
+        QCOMPARE(values(counting.mutations()), (QList<qint64>{0, 0, 0, 0}));
     }
 
     void theCountersAreNotClearedByANewRun()
@@ -190,8 +233,8 @@ private slots:
         fillRandomly(plan, {.seed = 3});
         const Counting counting;
         runOneGeneration(plan);
-        const QList<int> mutations = values(counting.mutations());
-        const QList<int> crossovers = values(counting.crossover());
+        const QList<qint64> mutations = values(counting.mutations());
+        const QList<qint64> crossovers = values(counting.crossover());
         QVERIFY(mutations.at(0) > 0 && crossovers.at(0) > 0);
         runOneGeneration(plan);
         for (int i = 0; i < 4; ++i) {

@@ -1,26 +1,31 @@
+#include "copymemory.h"
 #include "core/autolayout/kwmemoryexception.h"
 #include "layouttrial.h"
 #include "support/registeredtest.h"
 
 #include <QtTest>
 
+#include <cstdlib>
 #include <new>
 
-namespace {
-/// So many copies of a plan find memory yet; below 0 all do.
 int copiesLeft = -1;
-} // namespace
 
-// The solver makes its copies with this form of new; nothing else here has an object of that size.
-void *operator new(std::size_t size, const std::nothrow_t &) noexcept
+// Nothing but a copy of a plan has an object of that size.
+void *operator new(std::size_t size)
 {
     if (size == sizeof(KWDocument) && copiesLeft >= 0 && copiesLeft-- == 0)
-        return nullptr;
-    try {
-        return ::operator new(size);
-    } catch (const std::bad_alloc &) {
-        return nullptr;
-    }
+        throw std::bad_alloc();
+    if (void *memory = std::malloc(size > 0 ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void *memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void *memory, std::size_t /*size*/) noexcept
+{
+    std::free(memory);
 }
 
 namespace {
@@ -67,7 +72,6 @@ private slots:
     }
     void cleanup()
     {
-        copiesLeft = -1;
         m_plan.reset();
         m_before.reset();
     }
@@ -193,11 +197,10 @@ private slots:
         QFETCH(const int, startSolutions);
         const int alive = KWDocument::liveCount();
         LayoutTrial trial;
-        copiesLeft = copies;
+        const CopyLimit limit(copies);
         const KWLayoutResult result = trial.run(*m_plan);
-        copiesLeft = -1;
         QCOMPARE(result.startSolutions, startSolutions);
-        QTEST(result.generations, "generations");
+        QTEST(static_cast<int>(result.generations), "generations");
         QCOMPARE(result.stoppedBy, KWLayoutResult::Memory);
         QVERIFY(!trial.lines.contains(s("**GA finished")));
         QCOMPARE(trial.lines.last(), s("**best solution=") + m_plan->history());

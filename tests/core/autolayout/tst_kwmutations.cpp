@@ -140,6 +140,27 @@ private slots:
     }
     void aGuestMovesToAnEmptySeat() { compareOutcomes(KWMutations::mutateEmpty, "->EmptyM"); }
 
+    void anEmptySeatThatChanceNeverComesToEndsTheSearch()
+    {
+        constexpr int tables = 33'000;
+        // The random numbers are fewer than these tables.
+        QSet<int> drawn;
+        const FixedSeed seed(1);
+        for (int i = 0; i < 1'000'000; ++i)
+            drawn.insert(randomNumber(tables));
+        int never = 0;
+        while (drawn.contains(never))
+            ++never;
+        QVERIFY(never < tables);
+        KWDocument plan;
+        addGuest(plan, {.name = "A"});
+        for (int i = 0; i < tables; ++i)
+            addTable(plan, "T", KWTable::Circular, i == never ? 1 : 0);
+        QVERIFY(!KWMutations::mutateEmpty(plan));
+        QCOMPARE(plan.seatedGuestCount(), 0);
+        QCOMPARE(plan.history(), s("0"));
+    }
+
     void aMarkIsAddedBehindThoseBefore()
     {
         const FixedSeed seed(1);

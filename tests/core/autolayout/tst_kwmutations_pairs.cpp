@@ -132,6 +132,26 @@ private slots:
         compareOutcomes(KWMutations::mutateApart, apart());
     }
 
+    void aDrawOfNoughtMakesTheFirstTheMoverAndTakesTheSeatBehind()
+    {
+        const KWDocument plan = drawnPlan("ring A B C D E | loves A D");
+        QSet<QString> found;
+        for (unsigned i = 1; i <= 50; ++i) {
+            const FixedSeed seed(i);
+            randomNumber(1); // the pair
+            const bool firstMoves = randomNumber(2) == 0;
+            const bool behind = randomNumber(2) == 0;
+            seedRandomNumbers();
+            KWDocument child(plan);
+            QVERIFY(KWMutations::mutateTogether(child, KWScore::Loves));
+            const QString expected = firstMoves ? (behind ? s("E B C D A") : s("C B A D E"))
+                                                : (behind ? s("A D C B E") : s("A B C E D"));
+            QCOMPARE(seatingLine(child), expected);
+            found.insert(expected);
+        }
+        QCOMPARE(found.size(), 4);
+    }
+
 private:
     static QHash<QString, int> together()
     {

@@ -1,14 +1,13 @@
 #include "planfile.h"
 #include "support/registeredtest.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 namespace {
 #ifdef __SANITIZE_ADDRESS__
-constexpr int slowdown = 10;
+constexpr int smaller = 10;
 #else
-constexpr int slowdown = 1;
+constexpr int smaller = 1;
 #endif
 
 /// `count` texts, made for each number from 0.
@@ -59,15 +58,6 @@ QByteArray crowd(int guests, int wishCount)
     return listOf(guests, guest) + tables(guests) + wishes(guests, wishCount);
 }
 
-/// Milliseconds for loading a text.
-qint64 timeToLoad(Plan &plan, const QByteArray &text)
-{
-    QElapsedTimer timer;
-    timer.start();
-    plan.loadText(text);
-    return timer.elapsed();
-}
-
 /// A document type that declares something.
 QByteArray declaring(const QByteArray &declarations, const QByteArray &elements)
 {
@@ -75,37 +65,35 @@ QByteArray declaring(const QByteArray &declarations, const QByteArray &elements)
 }
 } // namespace
 
-/// Files that are made to be large, slow or both. The limits of time are far above what is needed
-/// and far below what anything but a walk over the file would take.
+/// Files that are made to be large, slow or both. What takes more than a walk over the file does
+/// not end before the time limit of the test.
 class TestPlanFileLarge : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void thousandsOfGuestsAndWishesAreReadInATrice()
+    void thousandsOfGuestsAndWishesAreRead()
     {
         Plan plan;
-        const qint64 time = timeToLoad(plan, planText(crowd(2000, 20'000)));
+        plan.loadText(planText(crowd(2000, 20'000)));
         QCOMPARE(plan.result, 0);
         QCOMPARE(plan.document.guestCount(), 2000);
         QCOMPARE(plan.document.affinityCount(), 20'000);
         QCOMPARE(plan.document.seatedGuestCount(), 2000);
-        QVERIFY2(time < 1000 * slowdown, QByteArray::number(time).constData());
     }
 
     void fileOfFiftyMegabytesIsRead()
     {
-        constexpr int guests = 200'000 / slowdown;
+        constexpr int guests = 200'000 / smaller;
         const QByteArray text = planText(crowd(guests, guests));
-        QVERIFY(text.size() > 50'000'000 / slowdown);
+        QVERIFY(text.size() > 50'000'000 / smaller);
         Plan plan;
-        const qint64 time = timeToLoad(plan, text);
+        plan.loadText(text);
         QCOMPARE(plan.result, 0);
         QCOMPARE(plan.document.guestCount(), guests);
         QCOMPARE(plan.document.tableCount(), guests / 10);
         QCOMPARE(plan.document.affinityCount(), guests);
         QCOMPARE(plan.document.seatedGuestCount(), guests);
-        QVERIFY2(time < 20'000, QByteArray::number(time).constData());
     }
 
     void nestingAMillionDeepIsRefused()
@@ -136,12 +124,12 @@ private slots:
         QVERIFY(plan.document.event() == QString::fromUtf8(read.repeated(count)));
     }
 
-    void seatsOfTenMegabytesAreAThousand()
+    void seatsOfTenMegabytesAreTooMany()
     {
         const QByteArray seats = QByteArray("-1,,").repeated(2'500'000);
-        const PlanOf plan("<table shape=\"0\" assigned=\"" + seats + "\"/>");
-        QCOMPARE(plan.result, 0);
-        QCOMPARE(plan.document.seatCount(), 1000);
+        QCOMPARE(PlanOf("<table shape=\"0\" assigned=\"" + seats + "\"/>").result, 1);
+        // Unless a rectangle has them, whose sides say how many there are.
+        QCOMPARE(PlanOf("<table shape=\"1\" assigned=\"" + seats + "\"/>").result, 0);
     }
 
     void tenMegabytesOfWhatMeansNothingAreSkipped_data()
@@ -168,9 +156,8 @@ private slots:
         const auto attribute = [](const QByteArray &name, int) { return " a" + name + "=\"\""; };
         const QByteArray attributes = listOf(100'000, attribute);
         Plan plan;
-        const qint64 time = timeToLoad(plan, planText("<other" + attributes + "/>"));
+        plan.loadText(planText("<other" + attributes + "/>"));
         QVERIFY(plan.result == 0 || plan.result == 1);
-        QVERIFY2(time < 5000, QByteArray::number(time).constData());
     }
 
     void declaredEntitiesCannotMakeAPlanOutgrowItsFile()
@@ -191,11 +178,9 @@ private slots:
             return " a" + name + " CDATA \"x\"";
         };
         Plan plan;
-        const qint64 time =
-            timeToLoad(plan, declaring("<!ATTLIST other" + listOf(20'000, attribute) + ">",
-                                       QByteArray("<other/>").repeated(20'000)));
+        plan.loadText(declaring("<!ATTLIST other" + listOf(20'000, attribute) + ">",
+                                QByteArray("<other/>").repeated(20'000)));
         QVERIFY(plan.result == 0 || plan.result == 1);
-        QVERIFY2(time < 5000, QByteArray::number(time).constData());
     }
 
     void entitiesThatNameEachOtherAreRefused_data()

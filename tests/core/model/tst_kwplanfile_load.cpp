@@ -205,18 +205,56 @@ private slots:
         QCOMPARE(seating(plan.document), seats);
     }
 
-    void countsStayBetweenNothingAndAThousand()
+    void countsBelowNothingAreNothing()
     {
-        const PlanOf plan("<table shape=\"1\" seats_across=\"1001\" seats_down=\"-5\"/>"
-                          "<table shape=\"6\" seats_across=\"-1\" seats_down=\"2147483647\""
+        const PlanOf plan("<table shape=\"1\" seats_across=\"1000\" seats_down=\"-5\"/>"
+                          "<table shape=\"6\" seats_across=\"-1\" seats_down=\"1000\""
                           " seats_across_2=\"99999999999\" seats_down_2=\"1\"/>"
                           "<table shape=\"0\" assigned=\"" +
-                          QByteArray("-1,").repeated(1001) + "\"/>");
+                          QByteArray("-1,").repeated(1000) + "\"/>");
         QCOMPARE(plan.result, 0);
         QCOMPARE(plan.document.tableAt(0)->sides(), (KWTable::Sides{1000, 0, 0, 0}));
         QCOMPARE(plan.document.tableAt(0)->seatCount(), 2000);
         QCOMPARE(plan.document.tableAt(1)->sides(), (KWTable::Sides{0, 1000, 0, 1}));
         QCOMPARE(plan.document.tableAt(2)->seatCount(), 1000);
+    }
+
+    // The guests beyond would be without a seat, and nobody would be told.
+    void aTableOfMoreThanAThousandSeatsIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("table");
+        QTest::addColumn<int>("result");
+        const QByteArray items = QByteArray("-1,").repeated(1000);
+        QTest::newRow("round, a thousand") << "shape=\"0\" assigned=\"" + items + '"' << 0;
+        QTest::newRow("round") << "shape=\"0\" assigned=\"" + items + "0\"" << 1;
+        QTest::newRow("head") << "shape=\"5\" assigned=\"" + items + "-1\"" << 1;
+        const auto side = [](const char *name, int shape, const char *key, int count, int result) {
+            QTest::newRow(name) << "shape=\"" + QByteArray::number(shape) + "\" " + key + "=\"" +
+                                       QByteArray::number(count) + '"'
+                                << result;
+        };
+        side("across, a thousand", 1, "seats_across", 1000, 0);
+        side("across", 1, "seats_across", 1001, 1);
+        side("down", 1, "seats_down", 1001, 1);
+        side("a side that a rectangle has not", 1, "seats_across_2", 1001, 0);
+        side("custom, across", 6, "seats_across", 1001, 1);
+        side("custom, down", 6, "seats_down", 1001, 1);
+        side("custom, across on the other side", 6, "seats_across_2", 1001, 1);
+        side("custom, down on the other side", 6, "seats_down_2", 2147483647, 1);
+        side("custom, a thousand", 6, "seats_down_2", 1000, 0);
+        side("sides of a round table", 0, "seats_across", 1001, 0);
+        QTest::newRow("a shape that is none") << "shape=\"7\" assigned=\"" + items + "-1\"" << 0;
+        // The items of a table with sides do not make seats.
+        QTest::newRow("items beyond the sides") << "shape=\"1\" assigned=\"" + items + "-1\"" << 0;
+    }
+
+    void aTableOfMoreThanAThousandSeatsIsRefused()
+    {
+        QFETCH(QByteArray, table);
+        QFETCH(int, result);
+        const PlanOf plan(annBobCid + "<table " + table + "/>");
+        QCOMPARE(plan.result, result);
+        QCOMPARE(plan.document.isEmpty(), result != 0);
     }
 
     void unknownShapesAreDropped()

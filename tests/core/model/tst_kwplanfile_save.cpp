@@ -1,5 +1,6 @@
 #include "core/model/kwplansettings.h"
 #include "core/model/kwplantext.h"
+#include "filesizelimit.h"
 #include "planfile.h"
 #include "support/eventlog.h"
 #include "support/registeredtest.h"
@@ -7,9 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QtTest>
-
-#include <csignal>
-#include <sys/resource.h>
 
 namespace {
 using Attributes = QMap<QString, QString>;
@@ -31,31 +29,6 @@ void fill(KWDocument &plan)
     plan.setAffinity(cid, ann, KWScore::Hates, false);
     plan.setAffinity(ann, bob, KWScore::Loves, false);
 }
-
-/// While it lives, no file of the process can grow beyond a size.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t size)
-        : m_signalHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = size;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FileSizeLimit(const FileSizeLimit &) = delete;
-    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signalHandler);
-    }
-
-private:
-    rlimit m_before{};
-    void (*m_signalHandler)(int);
-};
 } // namespace
 
 class TestPlanFileSave : public QObject

@@ -127,6 +127,31 @@ private slots:
         QVERIFY(!dialog.isVisible());
     }
 
+    void returnDoesNotStopTheLayout()
+    {
+        PlanWindow window;
+        ProgressDialog dialog(nullptr, window.document());
+        QVERIFY(showActive(dialog));
+        dialog.stop->setFocus();
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+            QTest::keyClick(dialog.stop, key);
+        QVERIFY(!window.document()->abortRequested());
+        QVERIFY(dialog.isVisible());
+    }
+
+    void theUsersSettingsSayWhenItEnds()
+    {
+        PlanWindow window;
+        KWUserSettings &settings = *window.userSettings();
+        settings.setSolverStopCriteria(3);
+        settings.setSolverMaxSeconds(17);
+        settings.setSolverMaxGenerationsUnimproved(5);
+        const KWLayoutOptions options = KWAutoLayoutProgressDlgImpl::optionsOf(settings);
+        QCOMPARE(options.stopCriteria, 3);
+        QCOMPARE(options.maxSeconds, 17);
+        QCOMPARE(options.maxGenerationsUnimproved, 5);
+    }
+
     void theLayoutRunsWhileTheDialogIsShownAndEndsAsTheUserWants()
     {
         PlanWindow window;

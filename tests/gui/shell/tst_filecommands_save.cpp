@@ -262,6 +262,25 @@ private slots:
         QVERIFY(open.plan().isModified());
     }
 
+    void duringASaveTheCursorIsBusyAndTheStatusBarSaysWhatIsSaved()
+    {
+        PlanFolder folder;
+        const QString path = folder.writePlan(s("one.kw"), 2);
+        OpenWindow open({path});
+        addGuest(open.plan(), {"Ann"});
+        Qt::CursorShape shape = Qt::ArrowCursor;
+        QString message;
+        connect(&open.plan(), &KWDocument::eventDocumentNameChange, &open.window, [&] {
+            if (const QCursor *cursor = QApplication::overrideCursor())
+                shape = cursor->shape();
+            message = open.window.statusBar()->currentMessage();
+        });
+        open.run("m_fileSaveAction");
+        QCOMPARE(shape, Qt::WaitCursor);
+        QCOMPARE(message, s("Saving %1").arg(path));
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
     void aSaveIntoAMissingDirectoryIsReported()
     {
         PlanFolder folder;
