@@ -227,19 +227,31 @@ private slots:
         QVERIFY(!open.action("m_editUndoAction")->isEnabled());
     }
 
-    void aTimedBackupWaitsForTheEndOfASave()
+    void aTimedBackupIsNotMadeOfAFileThatIsReadOrWritten_data()
     {
+        QTest::addColumn<bool>("isRead");
+        QTest::newRow("written") << false;
+        QTest::newRow("read") << true;
+    }
+
+    void aTimedBackupIsNotMadeOfAFileThatIsReadOrWritten()
+    {
+        QFETCH(bool, isRead);
         const PlanFolder folder;
         KWUserSettings().setBackupOnSave(false);
         OpenWindow open({folder.writePlan(s("one.kw"), 3)});
         addGuest(open.plan(), {"Ann"});
         bool came = false;
         const InTheMiddle backup([&] {
+            open.plan().setFileName(folder.path(s("one.kw")));
             open.window.fileCommands()->backups()->setChangedSinceBackup(true);
             open.window.fileCommands()->autoSave();
             came = true;
         });
-        open.run("m_fileSaveAction");
+        if (isRead)
+            open.window.fileCommands()->openPlan(folder.path(s("one.kw")));
+        else
+            open.run("m_fileSaveAction");
         QTRY_VERIFY(came);
         QCOMPARE(folder.files(), QStringList{s("one.kw")});
     }

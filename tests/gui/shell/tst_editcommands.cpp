@@ -226,6 +226,23 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
+    void aCommandBringsTheActionsUpToDate_data()
+    {
+        QTest::addColumn<QByteArray>("action");
+        for (const char *action : {"m_editUnassignSeatAction", "m_editLockAction",
+                                   "m_editAcceptedAction", "m_editSetAffinityLovesAction"})
+            QTest::newRow(action) << QByteArray(action);
+    }
+
+    void aCommandBringsTheActionsUpToDate()
+    {
+        QFETCH(QByteArray, action);
+        ActiveView active;
+        active.view->onCall = [&] { active.view->answers.canDelete = false; };
+        active.open.run(action.constData());
+        QVERIFY(!active.open.action("m_editDeleteAction")->isEnabled());
+    }
+
     void printAndCopyGoToTheTopPaneWhateverIsActive()
     {
         OpenWindow open;

@@ -250,6 +250,16 @@ private slots:
         QVERIFY(open.prompts.messages.isEmpty());
     }
 
+    void aSavedPlanIsNoRecentOneToOpen()
+    {
+        const PlanFolder folder;
+        OpenWindow open;
+        open.window.fileCommands()->savePlan(folder.path(s("one.kw")));
+        QVERIFY(!open.action("m_openRecentAction")->isEnabled());
+        open.window.fileCommands()->savePlan(folder.path(s("two.kw")));
+        QVERIFY(open.action("m_openRecentAction")->isEnabled());
+    }
+
     void alsoASaveThatFailsIsNoChangeSinceABackup()
     {
         const PlanFolder folder;

@@ -6,6 +6,7 @@
 #include "gui/shell/kwfilecommands.h"
 #include "gui/shell/kwlefttab.h"
 #include "gui/shell/kwsplashscreen.h"
+#include "support/gui/dialogtest.h"
 #include "support/gui/fakeview.h"
 #include "support/gui/modaluser.h"
 #include "support/gui/openwindow.h"
@@ -13,6 +14,7 @@
 #include "support/sourcepath.h"
 #include "support/testplan.h"
 
+#include <QMenu>
 #include <QPainter>
 #include <QPrinter>
 #include <QShortcut>
@@ -269,6 +271,23 @@ private slots:
         });
         QTest::keySequence(&open.window, QKeySequence(key));
         QCOMPARE(caption, s("Credits"));
+    }
+
+    void theWindowFollowsANewLanguage()
+    {
+        OpenWindow open;
+        open.window.saveUndoState(s("Lock"));
+        open.run("m_editUndoAction");
+        const BracketTranslator brackets;
+        QTRY_COMPARE(open.window.windowTitle(), s("Ambrelune - [<unsaved>]"));
+        QCOMPARE(open.action("m_editUndoAction")->text(), s("[&Undo]"));
+        QCOMPARE(open.action("m_editRedoAction")->text(), s("[&Redo Lock]"));
+        QCOMPARE(open.action("m_filePrintAction")->text(), s("[Print [Floor plan]...]"));
+        QCOMPARE(open.action("m_editCopyAction")->text(), s("[Copy [Floor plan]]"));
+        QCOMPARE(open.action("m_fileNewAction")->whatsThis(), s("[New plan file]"));
+        QCOMPARE(open.counts(), s("[Guests: 0 Seats: 0 Score: 0]"));
+        const auto *menu = open.window.findChild<QMenu *>(s("m_proximityMenu"));
+        QCOMPARE(menu->menuAction()->toolTip(), s("[Set desired proximity]"));
     }
 
     void f5RefreshesAllViews()

@@ -184,6 +184,21 @@ private slots:
         QCOMPARE(folder.guestsIn(s("two.kw")), 2);
     }
 
+    void aRedoGoesToTheNewFileToo()
+    {
+        const PlanFolder folder;
+        OpenWindow open({folder.writePlan(s("one.kw"))});
+        open.window.saveUndoState(s("Lock"));
+        addGuest(open.plan(), {"Ann"});
+        open.run("m_editUndoAction");
+        open.prompts.answerFile(folder.path(s("two.kw")));
+        open.run("m_fileSaveAsAction");
+        open.run("m_editRedoAction");
+        QCOMPARE(open.plan().guestCount(), 2);
+        QCOMPARE(open.plan().fileName(), folder.path(s("two.kw")));
+        QVERIFY(open.plan().isModified());
+    }
+
     void aNewPlanAndAnOpenedOneEndTheRedoToo_data()
     {
         QTest::addColumn<bool>("opens");
