@@ -258,8 +258,10 @@ private slots:
         QCoreApplication::processEvents();
         Paints paints(shown.list.viewport());
         Qt::CursorShape cursor = Qt::ArrowCursor;
+        bool heldBack = false;
         const auto watch =
-            connect(shown.list.model(), &QAbstractItemModel::rowsInserted, this, [&cursor] {
+            connect(shown.list.model(), &QAbstractItemModel::rowsInserted, this, [&] {
+                heldBack = !shown.list.updatesEnabled();
                 if (const QCursor *shape = QApplication::overrideCursor())
                     cursor = shape->shape();
             });
@@ -269,7 +271,7 @@ private slots:
         QCOMPARE(paints.count, 1);
         QCOMPARE(cursor, Qt::WaitCursor);
         QVERIFY(!QApplication::overrideCursor());
-        QVERIFY(shown.list.updatesEnabled());
+        QVERIFY(heldBack && shown.list.updatesEnabled());
     }
 
     void aRebuildKeepsTheSortingAndDropsTheSelection()
@@ -475,6 +477,17 @@ private slots:
                       : QStringList());
     }
 
+    void onlyCellsOfGuestsThatCanBeEditedAreRenamed()
+    {
+        ShownList shown({s("A")});
+        EventLog log(shown.plan);
+        QTreeWidgetItem other;
+        shown.list.renameInPlace(&other, Row::DisplayName, s("B"));
+        shown.list.renameInPlace(nullptr, Row::DisplayName, s("B"));
+        shown.list.renameInPlace(shown.row("A"), Row::Notes, s("B"));
+        QCOMPARE(log.take(), QStringList());
+    }
+
     void aRowOfAGuestWhoIsNoMoreIsNotRenamed()
     {
         ShownList shown({s("A")});
@@ -557,6 +570,18 @@ private slots:
         shown.moveTo(start + QPoint(100, 0));
         shown.press(Qt::LeftButton, start);
         shown.release(Qt::LeftButton, start);
+        shown.moveTo(start + QPoint(100, 0));
+        QCOMPARE(shown.list.drags, QStringList());
+    }
+
+    void aPressWhoseReleaseWasLostDragsNothingLater()
+    {
+        ShownList shown({s("A")});
+        const QPoint start = shown.middleOf("A", Row::DisplayName);
+        shown.press(Qt::LeftButton, start);
+        QMouseEvent other(QEvent::MouseMove, start, shown.list.viewport()->mapToGlobal(start),
+                          Qt::NoButton, Qt::RightButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(shown.list.viewport(), &other);
         shown.moveTo(start + QPoint(100, 0));
         QCOMPARE(shown.list.drags, QStringList());
     }

@@ -249,6 +249,7 @@ private slots:
     {
         ShownList shown({s("Ann"), s("Bob")});
         shown.list.setCurrentItem(shown.row("Ann"), Row::DisplayName);
+        shown.window.currentView = nullptr;
         QTest::keyClick(&shown.list, Qt::Key_B);
         QCOMPARE(shown.selected(), s("Bob"));
         QCOMPARE(shown.window.currentView, &shown.list);
@@ -379,6 +380,64 @@ private slots:
         QCOMPARE(seated, repainted(shown));
         shown.plan.unassignGuest(shown.guest("A"), true);
         QCOMPARE(onScreen(shown), standing);
+    }
+
+    void aSelectionIsPaintedAtOnce()
+    {
+        ShownList shown({s("A"), s("B")});
+        QVERIFY(QTest::qWaitForWindowExposed(&shown.list));
+        const QImage before = repainted(shown);
+        shown.row("B")->setSelected(true);
+        const QImage selected = onScreen(shown);
+        QVERIFY(selected != before);
+        QCOMPARE(selected, repainted(shown));
+    }
+
+    void aPictureInASelectedRowStandsOnALightGround()
+    {
+        ShownList shown({s("A")});
+        shown.plan.setGuestLocked(shown.guest("A"), true);
+        shown.select({"A"});
+        const QRect place = shown.list.visualRect(shown.list.model()->index(0, Row::Locked));
+        const QImage cell = shown.list.viewport()->grab(place).toImage();
+        int white = 0;
+        int others = 0;
+        const QColor selection = cell.pixelColor(1, 1);
+        for (int y = 0; y < cell.height(); ++y) {
+            for (int x = 0; x < cell.width(); ++x) {
+                const QColor pixel = cell.pixelColor(x, y);
+                white += pixel == QColor(Qt::white) ? 1 : 0;
+                others += pixel != QColor(Qt::white) && pixel != selection ? 1 : 0;
+            }
+        }
+        QVERIFY(selection != QColor(Qt::white));
+        QVERIFY2(white > 20, qPrintable(QString::number(white)));
+        // The picture itself.
+        QVERIFY2(others > 20, qPrintable(QString::number(others)));
+    }
+
+    void aPictureStandsInTheMiddleWhereTheHeaderDoes()
+    {
+        ShownList shown({s("A")});
+        shown.plan.setGuestLocked(shown.guest("A"), true);
+        const auto middle = [&shown](int column) {
+            const QRect place = shown.list.visualRect(shown.list.model()->index(0, column));
+            const QImage cell = shown.list.viewport()->grab(place).toImage();
+            const QColor ground = cell.pixelColor(0, 0);
+            int left = cell.width();
+            int right = 0;
+            for (int x = 0; x < cell.width(); ++x) {
+                for (int y = 0; y < cell.height(); ++y) {
+                    if (cell.pixelColor(x, y) != ground) {
+                        left = std::min(left, x);
+                        right = x;
+                    }
+                }
+            }
+            return (left + right) / 2 - cell.width() / 2;
+        };
+        QVERIFY(std::abs(middle(Row::Locked)) <= 3);
+        QVERIFY(middle(Row::Picture) < -3);
     }
 
     void whoHasNoSeatIsPaintedInBold()

@@ -170,9 +170,11 @@ private slots:
     void tabKeepsTheTextAndOpensTheNextCell()
     {
         ShownList shown({s("A"), s("B")});
+        QVERIFY(QTest::qWaitForWindowActive(&shown.list));
         QLineEdit *edit = typeInto(shown, "A", Row::DisplayName, "Anna");
         QVERIFY(edit);
         QTest::keyClick(edit, Qt::Key_Tab);
+        QVERIFY(editor(shown)->hasFocus());
         QCOMPARE(shown.guest("Anna")->displayName(), s("Anna"));
         QTRY_COMPARE(openCell(shown), s("Anna Title"));
         // What cannot be edited is passed over, and behind the last cell comes the next row.
@@ -187,12 +189,14 @@ private slots:
     void shiftAndTabOpenTheCellBefore()
     {
         ShownList shown({s("A"), s("B")});
+        QVERIFY(QTest::qWaitForWindowActive(&shown.list));
         shown.list.header()->moveSection(Row::Meal, 0);
         QLineEdit *edit = typeInto(shown, "B", Row::Title, "Dr");
         QVERIFY(edit);
         for (const char *cell : {"B Display name", "B Meal", "A Last name"}) {
             QTest::keyClick(editor(shown), Qt::Key_Backtab, Qt::ShiftModifier);
             QTRY_COMPARE(openCell(shown), s(cell));
+            QVERIFY(editor(shown)->hasFocus());
         }
         QCOMPARE(shown.guest("B")->title(), s("Dr"));
     }
@@ -344,6 +348,15 @@ private slots:
         // As with a question, whose answer brings the focus back.
         other.setFocus();
         shown.list.setFocus();
+        QVERIFY(noEditorOpens(shown));
+    }
+
+    void norWhileTheButtonIsHeldAgain()
+    {
+        ShownList shown({s("A")});
+        shown.click("A");
+        shown.click("A");
+        shown.press(Qt::LeftButton, shown.middleOf("A", Row::DisplayName));
         QVERIFY(noEditorOpens(shown));
     }
 

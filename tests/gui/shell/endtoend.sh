@@ -20,10 +20,11 @@ has_windows() {
   [ "$(window_count)" -eq "$1" ]
 }
 
-# menu LETTER: opens a menu, takes its picture and closes it. A letter may lead into a pane first.
+# menu LETTER: opens a menu, takes its picture and closes it. A letter may lead into a pane first,
+# where it is that pane's.
 menu() {
   xdotool key "alt+$1"
-  wait_until 1 has_windows 2 || xdotool key "alt+$1"
+  wait_until 1 has_windows 2 || xdotool key Tab "alt+$1"
   wait_until 10 has_windows 2 || fail "The menu $1 does not open"
   picture "menu-$1"
   xdotool key Escape

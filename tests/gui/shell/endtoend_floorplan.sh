@@ -264,8 +264,8 @@ says Oak seats_across 2
 zoom_out
 
 xdotool key alt+i
-# The letter may have led into the list of guests first.
-wait_until 1 menu_is_open || xdotool key alt+i
+# The letter may have led into the box above the list of guests, where it is that box's.
+wait_until 1 menu_is_open || xdotool key Tab alt+i
 wait_until 30 menu_is_open || fail "There is no menu to insert"
 picture menu-insert
 choose t

@@ -80,7 +80,7 @@ says "" 3
 says "display_name=\"Mrs%20Anna%20Smith-O%27Neil\" title=\"Mrs\" .*gender=\"Female\"" 1
 says 'display_name="Dr%20Zoe%20Adams" .*gender="Undefined"' 1
 
-find_guest marley
+find_guest "mr bob"
 wait_until 10 selected_row || fail "Nobody is selected"
 picture found
 # The keys of the commands work from the box, too, though line edits have uses of their own for them.
@@ -89,6 +89,7 @@ active "Guest properties"
 picture properties
 xdotool key Escape
 gone "Guest properties"
+# F2 opens the cell that was found.
 xdotool key Return F2 ctrl+a
 xdotool type -- "Best man"
 picture rename
