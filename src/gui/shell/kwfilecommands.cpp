@@ -131,9 +131,9 @@ void KWFileCommands::openExample(const QString &path)
 
 QString KWFileCommands::openDirPath() const
 {
-    const bool knowsNoPlan = m_recentPlans.paths().isEmpty() && docPath().isEmpty() &&
-                             m_planDir == QDir::current() &&
-                             m_planDir.entryList({u"*."_s + planExtension}, QDir::Files).isEmpty();
+    const bool knowsNoPlan =
+        m_recentPlans.paths().isEmpty() && docPath().isEmpty() && m_planDir == QDir::current() &&
+        m_planDir.entryList({u"*."_s + planExtension.toString()}, QDir::Files).isEmpty();
     return knowsNoPlan && QFileInfo(exampleDirectory()).isDir() ? exampleDirectory()
                                                                 : planDirPath();
 }
