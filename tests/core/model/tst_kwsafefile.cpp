@@ -417,6 +417,22 @@ private slots:
         QCOMPARE(readFile(from), bytes);
     }
 
+    void aCopyThatIsWrittenOverHasTheModeOfItsOriginal()
+    {
+        const Folder folder;
+        const QString from = folder.file("from", 0644);
+        const QString before = folder.file("before", 0600, "before");
+        if (isRoot() && !give(before, bob, bob))
+            return;
+        folder.setMode(0555);
+        {
+            const OtherUser user(bob, bob);
+            QVERIFY(copyFile(from, before));
+        }
+        QCOMPARE(readFile(before), QByteArray("old"));
+        QCOMPARE(modeOf(before), mode_t(0644));
+    }
+
     void aCopyIsReadableForTheColleaguesOfTheOriginal()
     {
         const Folder folder(0777);
