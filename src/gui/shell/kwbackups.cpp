@@ -1,11 +1,12 @@
 #include "gui/shell/kwbackups.h"
 
 #include "core/model/kwdocument.h"
+#include "core/model/kwsafefile.h"
 #include "gui/framework/kwtimer.h"
 #include "gui/shell/kwplanfiles.h"
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -26,30 +27,6 @@ bool KWBackups::backupPlan(const QString &path)
     if (!copied)
         qWarning("backup %s to %s failed", qPrintable(path), qPrintable(target));
     return copied;
-}
-
-bool KWBackups::copyFile(const QString &from, const QString &to)
-{
-    if (!QFileInfo::exists(from) || !QFileInfo(from).isReadable() || from == to)
-        return false;
-    const QDir targetDir = QFileInfo(to).absoluteDir();
-    if (!targetDir.exists() && !targetDir.mkpath(u"."_s))
-        return false;
-    QFile source(from);
-    QFile target(to);
-    if (!source.open(QIODevice::ReadOnly) ||
-        !target.open(QIODevice::WriteOnly | QIODevice::Truncate,
-                     QFileDevice::ReadOwner | QFileDevice::WriteOwner))
-        return false;
-    constexpr qint64 blockSize = 512;
-    QByteArray block;
-    do {
-        block = source.read(blockSize);
-        target.write(block);
-    } while (block.size() == blockSize);
-    // What nobody else may read in the plan stays so in its copy.
-    target.setPermissions(source.permissions());
-    return true;
 }
 
 bool KWBackups::autoSave(const KWDocument &plan)

@@ -30,10 +30,6 @@ public:
     bool changedSinceBackup() const { return m_changedSinceBackup; }
     void setChangedSinceBackup(bool changed) { m_changedSinceBackup = changed; }
 
-    /// Copies a file over another and makes the directory for it. True also when single blocks
-    /// could not be read or written.
-    static bool copyFile(const QString &from, const QString &to);
-
 signals:
     /// The time for a backup has come.
     void due();

@@ -70,51 +70,17 @@ private slots:
         QCOMPARE(folder.files(), QStringList());
     }
 
-    void copyingKeepsEveryByte_data()
-    {
-        QTest::addColumn<int>("size");
-        for (int size : {0, 1, 511, 512, 513, 1024, 100000})
-            QTest::addRow("%d bytes", size) << size;
-    }
-
-    void copyingKeepsEveryByte()
-    {
-        QFETCH(int, size);
-        PlanFolder folder;
-        QByteArray bytes(size, '\0');
-        for (int i = 0; i < size; ++i)
-            bytes[i] = char(i * 7);
-        folder.writeFile(s("from"), bytes);
-        folder.writeFile(s("to"), QByteArray(200000, 'x'));
-        QVERIFY(KWBackups::copyFile(folder.path(s("from")), folder.path(s("to"))));
-        QFile copy(folder.path(s("to")));
-        QVERIFY(copy.open(QIODevice::ReadOnly));
-        QCOMPARE(copy.readAll(), bytes);
-    }
-
-    void copyingMakesTheDirectory()
+    void aBackupMayBeReadByThoseWhoMayReadThePlan()
     {
         PlanFolder folder;
-        folder.writeFile(s("from"), "text");
-        QVERIFY(KWBackups::copyFile(folder.path(s("from")), folder.path(s("a/b/to"))));
-        QVERIFY(QFile::exists(folder.path(s("a/b/to"))));
-    }
-
-    void copyingRefusesWhatCannotBe()
-    {
-        PlanFolder folder;
-        const QString from = folder.writeFile(s("from"), "text");
-        QVERIFY(!KWBackups::copyFile(from, from));
-        QVERIFY(!KWBackups::copyFile(folder.path(s("missing")), folder.path(s("to"))));
-        QVERIFY(!KWBackups::copyFile(from, s("/proc/no/such/to")));
-        QVERIFY(!KWBackups::copyFile(from, from + s("/under a file")));
-        QCOMPARE(folder.files(), QStringList{s("from")});
-    }
-
-    void blocksThatCannotBeWrittenAreNotNoticed()
-    {
-        PlanFolder folder;
-        QVERIFY(KWBackups::copyFile(folder.writeFile(s("from"), "text"), s("/dev/full")));
+        OpenWindow open;
+        const QString path = folder.writePlan(s("one.kw"), 2);
+        const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(path, permissions));
+        QVERIFY(open.window.fileCommands()->backups()->backupPlan(path));
+        const QString backup = folder.path(s("one_2026-06-13T14-30-05.kwb"));
+        QVERIFY(QFile::permissions(backup).testFlag(QFile::ReadGroup));
+        QVERIFY(!QFile::permissions(backup).testFlag(QFile::ReadOther));
     }
 
     void autoSaveCopiesTheFileAsLastSavedNotThePlanInMemory()
