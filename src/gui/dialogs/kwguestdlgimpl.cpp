@@ -194,8 +194,8 @@ void KWGuestDlgImpl::autoUpdateGroupName()
 {
     if (m_groupNameEdited)
         return;
-    const QString last = m_ui->m_guestWidget->lastName();
-    m_ui->m_groupWidget->setName(last.isEmpty() ? m_ui->m_guestWidget->firstName() : last);
+    const KWGuestValues values = m_ui->m_guestWidget->values();
+    m_ui->m_groupWidget->setName(values.last_name.isEmpty() ? values.first_name : values.last_name);
 }
 
 void KWGuestDlgImpl::add()

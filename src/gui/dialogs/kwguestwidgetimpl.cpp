@@ -119,44 +119,40 @@ void KWGuestWidgetImpl::setMealChoices(const QStringList &meals)
 
 void KWGuestWidgetImpl::removeLocked()
 {
-    setLocked(false);
+    m_ui->m_lockedCheckBox->setChecked(false);
     m_ui->m_lockedCheckBox->setParent(&m_removed);
 }
 
 KWGuestValues KWGuestWidgetImpl::values() const
 {
-    return {.display_name = displayName(),
-            .title = title(),
-            .first_name = firstName(),
-            .last_name = lastName(),
-            .meal = meal(),
-            .gender = gender(),
-            .age = age(),
-            .locked = isLocked(),
-            .notes = notes(),
-            .vip = isVip(),
-            .accepted = isAccepted()};
+    return {.display_name = m_ui->m_displayNameLineEdit->text(),
+            .title = m_ui->m_titleCombo->currentText(),
+            .first_name = m_ui->m_firstNameLineEdit->text(),
+            .last_name = m_ui->m_lastNameLineEdit->text(),
+            .meal = m_ui->m_mealCombo->currentText(),
+            .gender = m_ui->m_genderComboBox->currentIndex(),
+            .age = m_ui->m_ageComboBox->currentIndex(),
+            .locked = m_ui->m_lockedCheckBox->isChecked(),
+            .notes = m_ui->m_notesTextEdit->notes(),
+            .vip = m_ui->m_vipCheckBox->isChecked(),
+            .accepted = m_ui->m_acceptedCheckBox->isChecked()};
 }
 
 void KWGuestWidgetImpl::setValues(const KWGuestValues &values)
 {
-    // The title may work out gender and age, and the names the display name.
+    // The names first, since the others may follow them.
     setTitle(values.title);
-    setFirstName(values.first_name);
-    setLastName(values.last_name);
-    setDisplayName(values.display_name);
+    setUntidied(m_ui->m_firstNameLineEdit, values.first_name);
+    setUntidied(m_ui->m_lastNameLineEdit, values.last_name);
+    m_ui->m_displayNameLineEdit->setText(values.display_name);
+    m_ui->m_displayNameLineEdit->setModified(values.display_name != composedName());
     setGender(values.gender);
     setAge(values.age);
-    setMeal(values.meal);
-    setNotes(values.notes);
-    setVip(values.vip);
-    setAccepted(values.accepted);
-    setLocked(values.locked);
-}
-
-QString KWGuestWidgetImpl::title() const
-{
-    return m_ui->m_titleCombo->currentText();
+    setUntidied(m_ui->m_mealCombo, values.meal);
+    m_ui->m_notesTextEdit->setNotes(values.notes);
+    m_ui->m_vipCheckBox->setChecked(values.vip);
+    m_ui->m_acceptedCheckBox->setChecked(values.accepted);
+    m_ui->m_lockedCheckBox->setChecked(values.locked);
 }
 
 void KWGuestWidgetImpl::setTitle(const QString &title)
@@ -164,50 +160,9 @@ void KWGuestWidgetImpl::setTitle(const QString &title)
     setUntidied(m_ui->m_titleCombo, title);
 }
 
-QString KWGuestWidgetImpl::firstName() const
-{
-    return m_ui->m_firstNameLineEdit->text();
-}
-
-void KWGuestWidgetImpl::setFirstName(const QString &name)
-{
-    setUntidied(m_ui->m_firstNameLineEdit, name);
-}
-
-QString KWGuestWidgetImpl::lastName() const
-{
-    return m_ui->m_lastNameLineEdit->text();
-}
-
-void KWGuestWidgetImpl::setLastName(const QString &name)
-{
-    setUntidied(m_ui->m_lastNameLineEdit, name);
-}
-
-QString KWGuestWidgetImpl::displayName() const
-{
-    return m_ui->m_displayNameLineEdit->text();
-}
-
-void KWGuestWidgetImpl::setDisplayName(const QString &name)
-{
-    m_ui->m_displayNameLineEdit->setText(name);
-    m_ui->m_displayNameLineEdit->setModified(name != composedName());
-}
-
-int KWGuestWidgetImpl::gender() const
-{
-    return m_ui->m_genderComboBox->currentIndex();
-}
-
 void KWGuestWidgetImpl::setGender(int gender)
 {
     m_ui->m_genderComboBox->setCurrentIndex(gender);
-}
-
-int KWGuestWidgetImpl::age() const
-{
-    return m_ui->m_ageComboBox->currentIndex();
 }
 
 void KWGuestWidgetImpl::setAge(int age)
@@ -215,65 +170,10 @@ void KWGuestWidgetImpl::setAge(int age)
     m_ui->m_ageComboBox->setCurrentIndex(age);
 }
 
-QString KWGuestWidgetImpl::meal() const
-{
-    return m_ui->m_mealCombo->currentText();
-}
-
-void KWGuestWidgetImpl::setMeal(const QString &meal)
-{
-    setUntidied(m_ui->m_mealCombo, meal);
-}
-
-QString KWGuestWidgetImpl::notes() const
-{
-    return m_ui->m_notesTextEdit->notes();
-}
-
-void KWGuestWidgetImpl::setNotes(const QString &notes)
-{
-    m_ui->m_notesTextEdit->setNotes(notes);
-}
-
-bool KWGuestWidgetImpl::isVip() const
-{
-    return m_ui->m_vipCheckBox->isChecked();
-}
-
-void KWGuestWidgetImpl::setVip(bool vip)
-{
-    m_ui->m_vipCheckBox->setChecked(vip);
-}
-
-bool KWGuestWidgetImpl::isAccepted() const
-{
-    return m_ui->m_acceptedCheckBox->isChecked();
-}
-
-void KWGuestWidgetImpl::setAccepted(bool accepted)
-{
-    m_ui->m_acceptedCheckBox->setChecked(accepted);
-}
-
-bool KWGuestWidgetImpl::isLocked() const
-{
-    return m_ui->m_lockedCheckBox->isChecked();
-}
-
-void KWGuestWidgetImpl::setLocked(bool locked)
-{
-    m_ui->m_lockedCheckBox->setChecked(locked);
-}
-
 void KWGuestWidgetImpl::clear()
 {
-    setTitle({});
-    setFirstName({});
-    setLastName({});
-    setDisplayName({});
-    setNotes({});
-    setVip(false);
-    setAccepted(false);
+    const KWGuestValues old = values();
+    setValues({.meal = old.meal, .gender = old.gender, .age = old.age, .locked = old.locked});
 }
 
 void KWGuestWidgetImpl::focusTitle()
@@ -288,7 +188,9 @@ void KWGuestWidgetImpl::focusFirstName()
 
 QString KWGuestWidgetImpl::composedName() const
 {
-    return KWGuest::composeDisplayName(title(), firstName(), lastName());
+    return KWGuest::composeDisplayName(m_ui->m_titleCombo->currentText(),
+                                       m_ui->m_firstNameLineEdit->text(),
+                                       m_ui->m_lastNameLineEdit->text());
 }
 
 void KWGuestWidgetImpl::updateDisplayName()
@@ -334,12 +236,12 @@ void KWGuestWidgetImpl::userUpdatedAge()
 
 void KWGuestWidgetImpl::mealComboLostFocus()
 {
-    emit mealTextChanged(meal());
+    emit mealTextChanged(m_ui->m_mealCombo->currentText());
 }
 
 void KWGuestWidgetImpl::titleComboLostFocus()
 {
-    emit titleTextChanged(title());
+    emit titleTextChanged(m_ui->m_titleCombo->currentText());
 }
 
 bool KWGuestWidgetImpl::eventFilter(QObject *object, QEvent *event)

@@ -30,35 +30,10 @@ public:
     /// Unticks the box and takes it out of the form for good.
     void removeLocked();
 
-    /// All of the form.
+    /// All that the fields hold, as it stands there.
     KWGuestValues values() const;
+    /// A display name that the other names do not give counts as typed by hand.
     void setValues(const KWGuestValues &values);
-
-    QString title() const;
-    void setTitle(const QString &title);
-    QString firstName() const;
-    void setFirstName(const QString &name);
-    QString lastName() const;
-    void setLastName(const QString &name);
-    QString displayName() const;
-    /// To be called behind the other names: a display name that they do not give counts as typed
-    /// by hand.
-    void setDisplayName(const QString &name);
-    /// KWGuest::Gender and KWGuest::Age.
-    int gender() const;
-    void setGender(int gender);
-    int age() const;
-    void setAge(int age);
-    QString meal() const;
-    void setMeal(const QString &meal);
-    QString notes() const;
-    void setNotes(const QString &notes);
-    bool isVip() const;
-    void setVip(bool vip);
-    bool isAccepted() const;
-    void setAccepted(bool accepted);
-    bool isLocked() const;
-    void setLocked(bool locked);
 
     /// Empties names, title and notes and unticks VIP and accepted; the rest stays for the next.
     void clear();
@@ -90,6 +65,9 @@ private:
     void setUpCombos();
     void tidyNames();
     void connectFields();
+    void setTitle(const QString &title);
+    void setGender(int gender);
+    void setAge(int age);
     QString composedName() const;
 
     std::unique_ptr<Ui::KWGuestWidget> m_ui;

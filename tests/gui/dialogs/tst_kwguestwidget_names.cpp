@@ -65,8 +65,7 @@ void TestKWGuestWidgetNames::theTitleTellsGenderAndAge()
     QCOMPARE(form.genderAndAge(), fromUndefinedAdult);
 
     ShownGuestForm girl;
-    girl.widget.setGender(KWGuest::Female);
-    girl.widget.setAge(KWGuest::Child);
+    girl.widget.setValues({.gender = KWGuest::Female, .age = KWGuest::Child});
     GuestForm::paste(girl.ui.title->lineEdit(), title);
     QCOMPARE(girl.genderAndAge(), fromFemaleChild);
 }
@@ -77,7 +76,7 @@ void TestKWGuestWidgetNames::theTitleDrLeavesGenderAndAgeAsTheyWere()
     GuestForm::pick(form.ui.gender, "Female");
     GuestForm::pick(form.ui.age, "Child");
     GuestForm::type(form.ui.title, "dr");
-    QCOMPARE(form.widget.title(), s("Dr"));
+    QCOMPARE(form.widget.values().title, s("Dr"));
     QCOMPARE(form.genderAndAge(), s("Female Child"));
 }
 
@@ -138,8 +137,7 @@ void TestKWGuestWidgetNames::anAgeChosenByHandIsKept()
 void TestKWGuestWidgetNames::aGenderThatTheProgramSetsIsNoChoice()
 {
     ShownGuestForm form;
-    form.widget.setGender(KWGuest::Female);
-    form.widget.setAge(KWGuest::Child);
+    form.widget.setValues({.gender = KWGuest::Female, .age = KWGuest::Child});
     GuestForm::type(form.ui.title, "Mr");
     QCOMPARE(form.genderAndAge(), s("Male Adult"));
 }
@@ -150,27 +148,27 @@ void TestKWGuestWidgetNames::titlesOfAnotherLanguageTellTheSame()
     ShownGuestForm form;
     QVERIFY(GuestForm::entries(form.ui.title).contains(s("[Mrs]")));
     GuestForm::pick(form.ui.title, "[Mrs]");
-    QCOMPARE(form.widget.gender(), int(KWGuest::Female));
+    QCOMPARE(form.widget.values().gender, int(KWGuest::Female));
     GuestForm::type(form.ui.title, "Mr");
-    QCOMPARE(form.widget.gender(), int(KWGuest::Female));
+    QCOMPARE(form.widget.values().gender, int(KWGuest::Female));
     GuestForm::pick(form.ui.title, "[Master]");
-    QCOMPARE(form.widget.gender(), int(KWGuest::Male));
-    QCOMPARE(form.widget.age(), int(KWGuest::Child));
+    QCOMPARE(form.widget.values().gender, int(KWGuest::Male));
+    QCOMPARE(form.widget.values().age, int(KWGuest::Child));
 }
 
 void TestKWGuestWidgetNames::theDisplayNameFollowsTheOtherNames()
 {
     ShownGuestForm form;
     GuestForm::type(form.ui.first, "ann");
-    QCOMPARE(form.widget.displayName(), s("Ann"));
+    QCOMPARE(form.widget.values().display_name, s("Ann"));
     GuestForm::type(form.ui.last, "smith ");
-    QCOMPARE(form.widget.displayName(), s("Ann Smith"));
+    QCOMPARE(form.widget.values().display_name, s("Ann Smith"));
     GuestForm::pick(form.ui.title, "Dr");
-    QCOMPARE(form.widget.displayName(), s("Dr Ann Smith"));
+    QCOMPARE(form.widget.values().display_name, s("Dr Ann Smith"));
     GuestForm::type(form.ui.first, "");
-    QCOMPARE(form.widget.displayName(), s("Dr  Smith"));
+    QCOMPARE(form.widget.values().display_name, s("Dr  Smith"));
     GuestForm::type(form.ui.title, "");
-    QCOMPARE(form.widget.displayName(), s("Smith"));
+    QCOMPARE(form.widget.values().display_name, s("Smith"));
 }
 
 void TestKWGuestWidgetNames::aDisplayNameTypedByHandIsLeftAlone()
@@ -179,13 +177,13 @@ void TestKWGuestWidgetNames::aDisplayNameTypedByHandIsLeftAlone()
     form.typeNames("Dr", "Ann", "Smith");
     QTest::keyClicks(form.ui.display, s(" FRS"));
     form.typeNames("Mrs", "Bea", "Jones");
-    QCOMPARE(form.widget.displayName(), s("Dr Ann Smith FRS"));
+    QCOMPARE(form.widget.values().display_name, s("Dr Ann Smith FRS"));
 
     ShownGuestForm emptied;
     GuestForm::type(emptied.ui.first, "Ann");
     GuestForm::type(emptied.ui.display, "");
     GuestForm::type(emptied.ui.last, "Smith");
-    QCOMPARE(emptied.widget.displayName(), QString());
+    QCOMPARE(emptied.widget.values().display_name, QString());
 }
 
 void TestKWGuestWidgetNames::aDisplayNameThatIsSetFollowsIfTheNamesGiveIt_data()
@@ -211,13 +209,11 @@ void TestKWGuestWidgetNames::aDisplayNameThatIsSetFollowsIfTheNamesGiveIt()
     QFETCH(QString, display);
     QFETCH(QString, afterwards);
     ShownGuestForm form;
-    form.widget.setTitle(s("Dr"));
-    form.widget.setFirstName(first);
-    form.widget.setLastName(s("Smith"));
-    form.widget.setDisplayName(display);
-    QCOMPARE(form.widget.displayName(), display);
+    form.widget.setValues(
+        {.display_name = display, .title = s("Dr"), .first_name = first, .last_name = s("Smith")});
+    QCOMPARE(form.widget.values().display_name, display);
     GuestForm::type(form.ui.first, "Bea");
-    QCOMPARE(form.widget.displayName(), afterwards);
+    QCOMPARE(form.widget.values().display_name, afterwards);
 }
 
 void TestKWGuestWidgetNames::namesGetTheirCapitalsUnlessThatIsSwitchedOff_data()
@@ -237,10 +233,9 @@ void TestKWGuestWidgetNames::namesGetTheirCapitalsUnlessThatIsSwitchedOff()
     ShownGuestForm form;
     window.userSettings()->setMiscCapitaliseNames(!on);
     form.typeNames("  lady", "  mary-ann", "  o'neil");
-    QCOMPARE(form.widget.displayName(), names);
-    QCOMPARE(QStringList({form.widget.title(), form.widget.firstName(), form.widget.lastName()})
-                 .join(u' '),
-             names);
+    QCOMPARE(form.widget.values().display_name, names);
+    const KWGuestValues values = form.widget.values();
+    QCOMPARE(QStringList({values.title, values.first_name, values.last_name}).join(u' '), names);
 }
 
 void TestKWGuestWidgetNames::theDisplayNameAndTheMealAreNotTidied()
@@ -248,8 +243,8 @@ void TestKWGuestWidgetNames::theDisplayNameAndTheMealAreNotTidied()
     ShownGuestForm form;
     GuestForm::type(form.ui.display, " ann");
     GuestForm::type(form.ui.meal, " fish");
-    QCOMPARE(form.widget.displayName(), s(" ann"));
-    QCOMPARE(form.widget.meal(), s(" fish"));
+    QCOMPARE(form.widget.values().display_name, s(" ann"));
+    QCOMPARE(form.widget.values().meal, s(" fish"));
 }
 
 void TestKWGuestWidgetNames::withTheSettingOffANameInLowerCaseStaysSoButLeadingBlanksGo()
@@ -258,7 +253,7 @@ void TestKWGuestWidgetNames::withTheSettingOffANameInLowerCaseStaysSoButLeadingB
     window.userSettings()->setMiscCapitaliseNames(false);
     ShownGuestForm form;
     GuestForm::type(form.ui.first, "  mary");
-    QCOMPARE(form.widget.firstName(), s("mary"));
+    QCOMPARE(form.widget.values().first_name, s("mary"));
 }
 
 void TestKWGuestWidgetNames::aTitlePickedFromTheListStaysAsItIs()
@@ -266,25 +261,24 @@ void TestKWGuestWidgetNames::aTitlePickedFromTheListStaysAsItIs()
     ShownGuestForm form;
     form.widget.setTitleChoices({s("Dr"), s("gräfin")});
     GuestForm::pick(form.ui.title, "gräfin");
-    QCOMPARE(form.widget.title(), s("gräfin"));
-    QCOMPARE(form.widget.displayName(), s("gräfin"));
-    form.widget.setTitle(s("Dr"));
+    QCOMPARE(form.widget.values().title, s("gräfin"));
+    QCOMPARE(form.widget.values().display_name, s("gräfin"));
+    form.widget.setValues({.title = s("Dr")});
     QTest::keyClick(form.ui.title->lineEdit(), Qt::Key_Down);
-    QCOMPARE(form.widget.title(), s("gräfin"));
+    QCOMPARE(form.widget.values().title, s("gräfin"));
 }
 
 void TestKWGuestWidgetNames::namesThatAreSetStayAsTheyAreUntilSomebodyTypes()
 {
     ShownGuestForm form;
-    form.widget.setTitle(s("graf"));
-    form.widget.setFirstName(s(" ludwig"));
-    form.widget.setLastName(s("van beethoven"));
+    form.widget.setValues(
+        {.title = s("graf"), .first_name = s(" ludwig"), .last_name = s("van beethoven")});
     form.widget.setTitleChoices({s("graf"), s("prof")});
-    QCOMPARE(form.widget.title(), s("graf"));
-    QCOMPARE(form.widget.firstName(), s(" ludwig"));
-    QCOMPARE(form.widget.lastName(), s("van beethoven"));
+    QCOMPARE(form.widget.values().title, s("graf"));
+    QCOMPARE(form.widget.values().first_name, s(" ludwig"));
+    QCOMPARE(form.widget.values().last_name, s("van beethoven"));
     QTest::keyClicks(form.ui.last, s("s"));
-    QCOMPARE(form.widget.lastName(), s("Van Beethovens"));
+    QCOMPARE(form.widget.values().last_name, s("Van Beethovens"));
 }
 
 REGISTER_TEST(TestKWGuestWidgetNames)

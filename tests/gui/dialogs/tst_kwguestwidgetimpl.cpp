@@ -105,13 +105,13 @@ void TestKWGuestWidgetImpl::theTabKeyLeavesTheNotesAndTheyTakePlainText()
 void TestKWGuestWidgetImpl::aListDoesNotChangeTheTextThatIsShown()
 {
     ShownGuestForm form;
-    QCOMPARE(form.widget.meal(), QString());
+    QCOMPARE(form.widget.values().meal, QString());
     GuestForm::type(form.ui.meal, "Goose");
     QSignalSpy changed(form.ui.meal, &QComboBox::editTextChanged);
     form.widget.setMealChoices({s("Duck"), s("Goose"), s("Hare")});
-    QCOMPARE(form.widget.meal(), s("Goose"));
+    QCOMPARE(form.widget.values().meal, s("Goose"));
     form.widget.setMealChoices({s("Duck")});
-    QCOMPARE(form.widget.meal(), s("Goose"));
+    QCOMPARE(form.widget.values().meal, s("Goose"));
     QCOMPARE(GuestForm::entries(form.ui.meal), QStringList{s("Duck")});
     QCOMPARE(changed.count(), 0);
 }
@@ -120,10 +120,10 @@ void TestKWGuestWidgetImpl::arrowKeysGoOnFromTheTextThatIsShown()
 {
     ShownGuestForm form;
     QTest::keyClick(form.ui.meal->lineEdit(), Qt::Key_Down);
-    QCOMPARE(form.widget.meal(), s("Beef"));
-    form.widget.setMeal(s("Fish"));
+    QCOMPARE(form.widget.values().meal, s("Beef"));
+    form.widget.setValues({.meal = s("Fish")});
     QTest::keyClick(form.ui.meal->lineEdit(), Qt::Key_Down);
-    QCOMPARE(form.widget.meal(), s("Vegan"));
+    QCOMPARE(form.widget.values().meal, s("Vegan"));
 }
 
 void TestKWGuestWidgetImpl::aPickMovesTheFocusOn_data()
@@ -157,7 +157,7 @@ void TestKWGuestWidgetImpl::aPickByReturnMovesTheFocusOn()
     form.ui.gender->showPopup();
     QTest::keyClick(form.ui.gender->view(), Qt::Key_Down);
     QTest::keyClick(form.ui.gender->view(), Qt::Key_Return);
-    QCOMPARE(form.widget.gender(), int(KWGuest::Male));
+    QCOMPARE(form.widget.values().gender, int(KWGuest::Male));
     QTRY_COMPARE(QApplication::focusWidget(), form.ui.age);
 }
 
@@ -217,7 +217,7 @@ void TestKWGuestWidgetImpl::changedNamesAreTold()
     QSignalSpy firsts(&form.widget, &KWGuestWidgetImpl::firstNameChanged);
     QSignalSpy lasts(&form.widget, &KWGuestWidgetImpl::lastNameChanged);
     QTest::keyClicks(form.ui.first, s("al"));
-    form.widget.setLastName(s("smith"));
+    form.widget.setValues({.first_name = s("Al"), .last_name = s("smith")});
     QCOMPARE(firsts, (QList<QVariantList>{{s("A")}, {s("Al")}}));
     QCOMPARE(lasts, (QList<QVariantList>{{s("smith")}}));
 }
@@ -226,17 +226,19 @@ void TestKWGuestWidgetImpl::valuesGoInAndOut()
 {
     ShownGuestForm form;
     KWGuestWidgetImpl &widget = form.widget;
-    widget.setTitle(s("Lord"));
-    widget.setFirstName(s("Ann"));
-    widget.setLastName(s("Smith"));
-    widget.setDisplayName(s("A"));
-    widget.setGender(KWGuest::Female);
-    widget.setAge(KWGuest::Child);
-    widget.setMeal(s("Goose"));
-    widget.setNotes(s("<b>nuts</b>\nno"));
-    widget.setVip(true);
-    widget.setAccepted(true);
-    widget.setLocked(true);
+    const KWGuestValues lord{.display_name = s("A"),
+                             .title = s("Lord"),
+                             .first_name = s("Ann"),
+                             .last_name = s("Smith"),
+                             .meal = s("Goose"),
+                             .gender = KWGuest::Female,
+                             .age = KWGuest::Child,
+                             .locked = true,
+                             .notes = s("<b>nuts</b>\nno"),
+                             .vip = true,
+                             .accepted = true};
+    widget.setValues(lord);
+    QVERIFY(widget.values() == lord);
     QCOMPARE(form.ui.title->currentText(), s("Lord"));
     QCOMPARE(form.ui.first->text(), s("Ann"));
     QCOMPARE(form.ui.last->text(), s("Smith"));
@@ -248,31 +250,28 @@ void TestKWGuestWidgetImpl::valuesGoInAndOut()
         QVERIFY(box->isChecked());
         QTest::keyClick(box, Qt::Key_Space);
     }
-    QVERIFY(!widget.isVip() && !widget.isAccepted() && !widget.isLocked());
+    const KWGuestValues unticked = widget.values();
+    QVERIFY(!unticked.vip && !unticked.accepted && !unticked.locked);
     QTest::keyClicks(form.ui.notes, s("No "));
-    QCOMPARE(widget.notes(), s("No <b>nuts</b>\nno"));
+    QCOMPARE(widget.values().notes, s("No <b>nuts</b>\nno"));
     QTest::keyClick(form.ui.gender, Qt::Key_Up);
     QTest::keyClick(form.ui.age, Qt::Key_Up);
-    QCOMPARE(widget.gender(), int(KWGuest::Male));
-    QCOMPARE(widget.age(), int(KWGuest::Adult));
+    QCOMPARE(widget.values().gender, int(KWGuest::Male));
+    QCOMPARE(widget.values().age, int(KWGuest::Adult));
 }
 
 void TestKWGuestWidgetImpl::longTextsAndNotesThatAreNotTouchedComeBackAsTheyWere()
 {
     const QString text(40000, u'x');
     KWGuestWidgetImpl widget;
-    widget.setTitle(text);
-    widget.setFirstName(text);
-    widget.setLastName(text);
-    widget.setDisplayName(text);
-    widget.setMeal(text);
-    widget.setNotes(s("ten\u00a0\u20ac\r\neach"));
-    QCOMPARE(widget.title(), text);
-    QCOMPARE(widget.firstName(), text);
-    QCOMPARE(widget.lastName(), text);
-    QCOMPARE(widget.displayName(), text);
-    QCOMPARE(widget.meal(), text);
-    QCOMPARE(widget.notes(), s("ten\u00a0\u20ac\r\neach"));
+    const KWGuestValues values{.display_name = text,
+                               .title = text,
+                               .first_name = text,
+                               .last_name = text,
+                               .meal = text,
+                               .notes = s("ten\u00a0\u20ac\r\neach")};
+    widget.setValues(values);
+    QVERIFY(widget.values() == values);
 }
 
 void TestKWGuestWidgetImpl::clearLeavesGenderAgeMealAndLock()
@@ -286,25 +285,22 @@ void TestKWGuestWidgetImpl::clearLeavesGenderAgeMealAndLock()
     for (QCheckBox *box : {form.ui.vip, form.ui.accepted, form.ui.locked})
         box->setChecked(true);
     form.widget.clear();
-    QCOMPARE(form.widget.title() + form.widget.firstName() + form.widget.lastName(), QString());
-    QCOMPARE(form.widget.displayName(), QString());
-    QCOMPARE(form.widget.notes(), QString());
+    QVERIFY(
+        form.widget.values() ==
+        (KWGuestValues{
+            .meal = s("Fish"), .gender = KWGuest::Female, .age = KWGuest::Child, .locked = true}));
     QCOMPARE(form.ui.notes->toPlainText(), QString());
-    QVERIFY(!form.widget.isVip() && !form.widget.isAccepted());
-    QCOMPARE(form.genderAndAge(), s("Female Child"));
-    QCOMPARE(form.widget.meal(), s("Fish"));
-    QVERIFY(form.widget.isLocked());
     GuestForm::type(form.ui.first, "Bea");
-    QCOMPARE(form.widget.displayName(), s("Bea"));
+    QCOMPARE(form.widget.values().display_name, s("Bea"));
 }
 
 void TestKWGuestWidgetImpl::aRemovedLockIsGoneFromTheForm()
 {
     ShownGuestForm form;
-    form.widget.setLocked(true);
+    form.widget.setValues({.locked = true});
     form.widget.removeLocked();
     QVERIFY(!form.widget.findChild<QWidget *>(s("m_lockedCheckBox")));
-    QVERIFY(!form.widget.isLocked());
+    QVERIFY(!form.widget.values().locked);
     form.ui.accepted->setFocus();
     QTest::keyClick(form.ui.accepted, Qt::Key_Tab);
     QVERIFY(form.ui.title->hasFocus());
@@ -313,13 +309,12 @@ void TestKWGuestWidgetImpl::aRemovedLockIsGoneFromTheForm()
 void TestKWGuestWidgetImpl::aNewLanguageTranslatesTheFormAndWhatWasRemoved()
 {
     ShownGuestForm form;
-    form.widget.setGender(KWGuest::Female);
-    form.widget.setTitle(s("Dr"));
+    form.widget.setValues({.title = s("Dr"), .gender = KWGuest::Female});
     form.widget.removeLocked();
     const BracketTranslator translator;
     QTRY_COMPARE(child<QLabel>(form.widget, "m_titleLabel")->text(), s("[&Title:]"));
     QCOMPARE(form.genderAndAge(), s("[Female] [Adult]"));
-    QCOMPARE(form.widget.title(), s("Dr"));
+    QCOMPARE(form.widget.values().title, s("Dr"));
     QVERIFY(!form.widget.findChild<QWidget *>(s("m_lockedCheckBox")));
 }
 
