@@ -233,7 +233,7 @@ private slots:
         QVERIFY2(about(crown, QRect(QPoint(28, 0), QPoint(71, 28))),
                  qPrintable(QVariant(crown).toString()));
         const QRect lock = bounds(&KWCanvas::showLocked);
-        QVERIFY2(about(lock, QRect(QPoint(35, 67), QPoint(64, 96))),
+        QVERIFY2(about(lock, QRect(QPoint(37, 72), QPoint(62, 96))),
                  qPrintable(QVariant(lock).toString()));
     }
 
