@@ -59,6 +59,15 @@ private slots:
         QCOMPARE(party.joneses->guests(), QList<KWGuest *>({party.dan, eve}));
     }
 
+    void aGuestAddedToAGroupOfAnotherPlanBelongsToNone()
+    {
+        EditedPlan party;
+        EditedPlan other;
+        const KWGuest *eve = addGuest(party.plan, {.name = "Eve"}, other.smiths);
+        QCOMPARE(eve->group(), nullptr);
+        QCOMPARE(other.smiths->guestCount(), 3);
+    }
+
     void deletingASeatedGuestEmptiesTheSeatFirst_data() { rescoreRows(); }
     void deletingASeatedGuestEmptiesTheSeatFirst()
     {

@@ -356,6 +356,14 @@ private slots:
         QCOMPARE(settingIn(other.text(), s("floorplan_colour_selected")), s("1%2C2%2C3"));
     }
 
+    void aNewPlanIsOfTheVersionThatIsWritten()
+    {
+        PlanOf plan("<version value=\"1\"/>");
+        QCOMPARE(plan.document.fileVersion(), 1);
+        plan.document.clear();
+        QCOMPARE(plan.document.fileVersion(), 2);
+    }
+
     void otherVersionsLoadFullyAndAreFlagged_data()
     {
         QTest::addColumn<QByteArray>("version");

@@ -131,6 +131,10 @@ private slots:
         row("a VIP", [](X x) { x.guest('B')->setVip(true); });
         row("a VIP no more", [](X x) { x.guest('A')->setVip(false); });
         row("another gender", [](X x) { x.guest('C')->setGender(KWGuest::Male); });
+        row("a VIP, among other values",
+            [](X x) { x.guest('B')->setValues({.gender = KWGuest::Male, .vip = true}); });
+        row("another gender, among other values",
+            [](X x) { x.guest('C')->setValues({.gender = KWGuest::Male}); });
         row("a seat emptied", [](X x) { x.plan.unassignGuest(x.guest('B'), false); });
         row("a seat taken", [](X x) { x.plan.assignGuest(x.guest('E'), x.table, 3, false); });
         row("a seat taken over", [](X x) { x.plan.assignGuest(x.guest('E'), x.table, 4, false); });
