@@ -229,10 +229,10 @@ private slots:
         row("age", "#010203 33.5", "#010203 50");
         row("groups", "#00ff00 50, #ff0000 25", "#ff0000 50, #ff0000 25");
         row("gender,groups", "#ffa0ff 50, #ff0000 25", "#60c0ff 50, #ff0000 25");
-        row("locked", "#010203 50, #a3b0c2, #62728a", "#010203 50");
-        row("vip", "#010203 50, #f3bf5b, #f3bf5b, #d24343 2", "#010203 50");
-        row("vip,age,locked,gender", "#ffa0ff 33.5, #a3b0c2, #62728a, #f3bf5b, #f3bf5b, #d24343 2",
-            "#60c0ff 50");
+        row("locked", "#010203 50, #ffffff, #a3b0c2, #4a586e", "#010203 50");
+        row("vip", "#010203 50, #ffffff, #f3bf5b, #d24343 2.5", "#010203 50");
+        row("vip,age,locked,gender",
+            "#ffa0ff 33.5, #ffffff, #a3b0c2, #4a586e, #ffffff, #f3bf5b, #d24343 2.5", "#60c0ff 50");
     }
     void seatsAreMarkedAsAskedFor()
     {
