@@ -123,7 +123,7 @@ void KWFileCommands::fileOpen()
 
 void KWFileCommands::openExample(const QString &path)
 {
-    if (!maySaveAndClose())
+    if (m_guard->isOff() || !maySaveAndClose())
         return;
     openPlan(path);
     m_window->widget()->activateWindow();

@@ -87,7 +87,9 @@ QSet<QString> translatedTexts()
                 texts.insert(shown(plain(text)));
             continue;
         }
-        for (const QString &text : all(source, u"\\btr\\(\\s*\"((?:[^\"\\\\]|\\\\.)*)\""_s)) {
+        static const QString literal =
+            u"\\b(?:tr\\(|QT_TR_NOOP\\(|QT_TRANSLATE_NOOP\\([^,]*,)\\s*\"((?:[^\"\\\\]|\\\\.)*)\""_s;
+        for (const QString &text : all(source, literal)) {
             // The choices of a file window are one text.
             for (const QString &part : text.split(u";;"_s))
                 texts.insert(shown(part));
