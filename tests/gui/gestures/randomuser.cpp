@@ -102,6 +102,7 @@ void RandomUser::use(QWidget *widget)
 {
     m_log.note(u"uses "_s + described(widget));
     if (auto *edit = qobject_cast<QLineEdit *>(widget)) {
+        edit->setFocus();
         if (m_dice.oneIn(4))
             edit->selectAll();
         // Pasted, since a key can give single letters only.

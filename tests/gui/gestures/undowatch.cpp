@@ -74,6 +74,8 @@ void UndoWatch::follow()
 {
     if (m_undo->text() == ownText())
         return;
+    // Under a dialog the action is off, also where there is something to undo.
+    const bool isPoint = m_undo->text() != u"&Undo"_s;
     m_undo->setText(ownText());
     const QByteArray now = currentText();
     switch (std::exchange(m_expected, Nothing)) {
@@ -88,8 +90,12 @@ void UndoWatch::follow()
         m_undoText = m_textBefore;
         break;
     case Nothing:
-        if (m_undo->isEnabled()) {
-            m_undoText = now;
+        // A command that has changed nothing brings the point before it back.
+        if (now == m_undoText && !m_points.isEmpty()) {
+            m_undoText = m_textOfPointBefore;
+            m_points.removeLast();
+        } else if (isPoint) {
+            m_textOfPointBefore = std::exchange(m_undoText, now);
             m_points.append(now);
         }
     }

@@ -52,6 +52,7 @@ private:
     Expected m_expected = Nothing;
     QByteArray m_textBefore;
     QByteArray m_undoText;
+    QByteArray m_textOfPointBefore;
     QByteArray m_redoText;
     QList<QByteArray> m_points;
     QStringList m_faults;
