@@ -1,6 +1,7 @@
 #include "gui/framework/kwcloseabletabwidget.h"
 
 #include "gui/appearance/kwpixmaps.h"
+#include "gui/framework/kwplansettingspanel.h"
 #include "gui/framework/kwviewandfilter.h"
 
 #include <QCoreApplication>
@@ -72,6 +73,17 @@ QList<KWView *> KWCloseableTabWidget::views() const
             views.append(view);
     }
     return views;
+}
+
+QList<KWPlanSettingsPanel *> KWCloseableTabWidget::settingsPanels() const
+{
+    QList<KWPlanSettingsPanel *> panels;
+    for (int i = 0; i < count(); ++i) {
+        auto *pair = dynamic_cast<KWViewPage *>(widget(i));
+        if (auto *panel = dynamic_cast<KWPlanSettingsPanel *>(pair ? pair->panel() : nullptr))
+            panels.append(panel);
+    }
+    return panels;
 }
 
 QString KWCloseableTabWidget::currentLabel() const

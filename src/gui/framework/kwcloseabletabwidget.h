@@ -2,6 +2,7 @@
 
 #include <QTabWidget>
 
+class KWPlanSettingsPanel;
 class KWView;
 class QToolButton;
 
@@ -31,6 +32,8 @@ public:
     KWView *currentView() const;
     /// The views of all pages, in their order.
     QList<KWView *> views() const;
+    /// The panels with choices that are saved with a plan, of all pages in their order.
+    QList<KWPlanSettingsPanel *> settingsPanels() const;
     /// The name of the current page in the user's language.
     QString currentLabel() const;
 

@@ -2,6 +2,7 @@
 
 #include "core/model/kwdocument.h"
 #include "gui/floorplan/kwcanvasview.h"
+#include "gui/framework/kwplansettingspanel.h"
 #include "gui/shell/kwbottomtab.h"
 #include "gui/shell/kwlefttab.h"
 #include "gui/shell/kwtoptab.h"
@@ -102,25 +103,27 @@ bool KWPanes::canShowGuestInPlan(const KWView *activeView) const
 KWViewSettings KWPanes::viewSettings() const
 {
     KWViewSettings settings = m_viewSettings;
-    if (!m_leftTab)
-        return settings;
-    m_leftTab->guestsFilter()->writeSettings(settings);
-    m_topTab->floorPlanFilter()->writeSettings(settings);
+    for (const KWCloseableTabWidget *tab : tabs()) {
+        for (const KWPlanSettingsPanel *panel : tab->settingsPanels())
+            panel->writeSettings(settings);
+    }
     return settings;
 }
 
 void KWPanes::setViewSettings(const KWViewSettings &settings)
 {
     m_viewSettings = settings;
-    if (!m_leftTab)
-        return;
-    m_topTab->floorPlanFilter()->readSettings(settings);
-    m_leftTab->guestsFilter()->readSettings(settings);
+    for (const KWCloseableTabWidget *tab : tabs()) {
+        for (KWPlanSettingsPanel *panel : tab->settingsPanels())
+            panel->readSettings(settings);
+    }
 }
 
 void KWPanes::showAllColumns()
 {
     m_viewSettings = {};
-    if (m_leftTab)
-        m_leftTab->guestsFilter()->readSettings({});
+    if (!m_leftTab)
+        return;
+    for (KWPlanSettingsPanel *panel : m_leftTab->settingsPanels())
+        panel->readSettings({});
 }
