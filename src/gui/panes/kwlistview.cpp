@@ -257,10 +257,13 @@ bool KWListView::showWholeText(const QHelpEvent &help)
     const bool fits = itemDelegate()->sizeHint(option, cell).width() <= place.width();
     if (text.isEmpty() || (fits && text == row->text(cell.column())))
         return false;
-    // Of plain text, some could be taken for mark-up.
+    // Text could be taken for mark-up, and long text is broken into lines only as such.
+    constexpr int oneLine = 80;
+    const bool asMarkup = Qt::mightBeRichText(text) || text.size() > oneLine;
     QToolTip::showText(help.globalPos(),
-                       QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()), viewport(),
-                       place);
+                       asMarkup ? QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped())
+                                : text,
+                       viewport(), place);
     return true;
 }
 

@@ -99,6 +99,11 @@ private slots:
         shown.select({"A"});
         other->setSelected(true);
         QCOMPARE(answers(shown.list), s("accept"));
+        // They are sorted with the others.
+        shown.list.sortByColumn(KWGuestListViewItem::DisplayName, Qt::DescendingOrder);
+        QCOMPARE(shown.list.indexOfTopLevelItem(other), 4);
+        shown.list.sortByColumn(KWGuestListViewItem::DisplayName, Qt::AscendingOrder);
+        QCOMPARE(shown.list.indexOfTopLevelItem(other), 0);
     }
 
     void unassignTakesTheSelectedOffTheirSeatsAndScoresOnce()

@@ -281,6 +281,11 @@ private slots:
         QKeyEvent press(QEvent::KeyPress, Qt::Key_I, Qt::AltModifier);
         QCoreApplication::sendEvent(shown.box, &press);
         QCOMPARE(shown.box->selectedText(), s("ann"));
+        // A command stays one, though line edits delete with it.
+        QKeyEvent lock(QEvent::ShortcutOverride, Qt::Key_K, Qt::ControlModifier);
+        lock.ignore();
+        QCoreApplication::sendEvent(shown.box, &lock);
+        QVERIFY(!lock.isAccepted());
         // Other menus open.
         QKeyEvent other(QEvent::ShortcutOverride, Qt::Key_F, Qt::AltModifier);
         other.ignore();

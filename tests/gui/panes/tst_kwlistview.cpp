@@ -153,6 +153,27 @@ private slots:
         QCOMPARE(stripes(shown), s("pspsps"));
     }
 
+    void theStripesCountFromTheTopThoughItIsOutOfSight()
+    {
+        ShownList shown;
+        addGuests(shown.plan, 101);
+        shown.list.sortByColumn(Row::DisplayName, Qt::AscendingOrder);
+        shown.list.scrollToItem(shown.list.topLevelItem(50), QAbstractItemView::PositionAtTop);
+        QVERIFY(QTest::qWaitForWindowExposed(&shown.list));
+        onScreen(shown);
+        // Row for row another one, and an even number of them less.
+        shown.list.sortByColumn(Row::DisplayName, Qt::DescendingOrder);
+        shown.plan.deleteGuest(shown.plan.guestAt(7), false);
+        shown.list.scrollToItem(shown.list.topLevelItem(50), QAbstractItemView::PositionAtTop);
+        const QImage picture = shown.list.viewport()->grab().toImage();
+        const int right = shown.list.viewport()->width() - 2;
+        for (int row = 50; row < 60; ++row) {
+            const QRect place = shown.list.visualItemRect(shown.list.topLevelItem(row));
+            QCOMPARE(picture.pixelColor(right, place.center().y()) == QColor(224, 224, 255),
+                     row % 2 == 1);
+        }
+    }
+
     void aRowIsPaintedOnItsStripeOverTheWholeWidth()
     {
         ShownList shown({s("A"), s("B")});
