@@ -41,10 +41,10 @@ if(AMBRELUNE_SANITIZE)
   target_link_options(ambrelune_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# ambrelune_library(NAME [WIDGETS] LINK...): the static library of one folder under src/, of all
-# the sources in it but kwmain.cpp. WIDGETS: most of them use widgets.
+# ambrelune_library(NAME LINK...): the static library of one folder under src/, of all the sources in
+# it but kwmain.cpp.
 function(ambrelune_library name)
-  cmake_parse_arguments(ARG "WIDGETS" "" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   list(FILTER sources EXCLUDE REGEX "/kwmain[.]cpp$")
   add_library(${name} STATIC ${sources})

@@ -169,28 +169,3 @@ QString KWFloorPlanText::shortenedTip(const QString &tip)
     }
     return text;
 }
-
-QString KWFloorPlanText::unmetWishes(const KWDocument &plan)
-{
-    const QList<KWDocument::Affinity> wishes = plan.affinities();
-    const auto isUnmet = [&plan](const KWDocument::Affinity &wish) {
-        switch (wish.value) {
-        case KWScore::Loves:
-            return !plan.isNextTo(wish.first, wish.second);
-        case KWScore::Likes:
-            return !plan.atSameTable(wish.first, wish.second);
-        case KWScore::Dislikes:
-            return plan.isNextTo(wish.first, wish.second);
-        default:
-            return plan.atSameTable(wish.first, wish.second);
-        }
-    };
-    const auto unmet = std::count_if(wishes.begin(), wishes.end(), isUnmet);
-    const int unseated = plan.unseatedGuestCount(true);
-    const QString first =
-        unmet == 1 ? FloorPlanTip::tr("1 of %1 wishes is not met").arg(wishes.size())
-                   : FloorPlanTip::tr("%1 of %2 wishes are not met").arg(unmet).arg(wishes.size());
-    const QString second = unseated == 1 ? FloorPlanTip::tr("1 guest has no seat")
-                                         : FloorPlanTip::tr("%1 guests have no seat").arg(unseated);
-    return first + QStringLiteral(", ") + second;
-}

@@ -34,8 +34,4 @@ QString seatTip(const KWTable &table, int seat, int nameOrder);
 /// A tip as it is shown: at most 200 characters and "...", with a line feed in front of a break
 /// now and then.
 QString shortenedTip(const QString &tip);
-
-/// "2 of 37 wishes are not met, 1 guest has no seat"
-QString unmetWishes(const KWDocument &plan);
-
 } // namespace KWFloorPlanText

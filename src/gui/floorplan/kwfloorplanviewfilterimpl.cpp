@@ -1,10 +1,10 @@
 #include "gui/floorplan/kwfloorplanviewfilterimpl.h"
 
+#include "core/charts/kwwishes.h"
 #include "core/model/kwdocument.h"
 #include "gui/dialogs/kwcoloursandfontsdlgimpl.h"
 #include "gui/dialogs/kwdimensionsdlgimpl.h"
 #include "gui/floorplan/kwcanvasview.h"
-#include "gui/floorplan/kwfloorplantext.h"
 #include "gui/framework/kwmainwindow.h"
 #include "gui/framework/kwstatushint.h"
 #include "ui_kwfloorplanviewfilter.h"
@@ -213,7 +213,9 @@ void KWFloorPlanViewFilterImpl::showAllAffinity()
 void KWFloorPlanViewFilterImpl::showConflicts()
 {
     m_canvas->showConflicts();
-    showHint(KWFloorPlanText::unmetWishes(*m_view->document()));
+    const KWDocument &plan = *m_view->document();
+    showHint(KWWish::unmetText(KWWish::all(plan)) + QStringLiteral(", ") +
+             KWWish::unseatedText(plan));
 }
 
 void KWFloorPlanViewFilterImpl::hideAffinity()
