@@ -136,8 +136,8 @@ private:
     QString report(int number, QStringList faults) const
     {
         // Whoever mends one of these takes it out.
-        static const QRegularExpression known(qEnvironmentVariable(
-            "AMBRELUNE_KNOWN_FAULTS", s("^$")));
+        static const QRegularExpression known(
+            qEnvironmentVariable("AMBRELUNE_KNOWN_FAULTS", s("^$")));
         faults.removeIf([](const QString &fault) { return known.match(fault).hasMatch(); });
         if (faults.isEmpty())
             return {};
