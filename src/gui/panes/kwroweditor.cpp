@@ -70,7 +70,7 @@ void KWRowEditor::forget()
 
 void KWRowEditor::drop()
 {
-    if (QLineEdit *field = m_field) {
+    if (auto *field = qobject_cast<QLineEdit *>(m_field)) {
         m_field = nullptr;
         emit closeEditor(field);
     }
@@ -80,9 +80,10 @@ QWidget *KWRowEditor::createEditor(QWidget *parent, const QStyleOptionViewItem &
                                    const QModelIndex &index) const
 {
     QWidget *editor = KWListViewDelegate::createEditor(parent, option, index);
-    m_field = qobject_cast<QLineEdit *>(editor);
-    if (m_field)
-        keepToOneLine(m_field);
+    auto *field = qobject_cast<QLineEdit *>(editor);
+    m_field = field;
+    if (field)
+        keepToOneLine(field);
     return editor;
 }
 
@@ -148,7 +149,7 @@ bool KWRowEditor::handleKey(const QKeyEvent &key)
 void KWRowEditor::keep()
 {
     const QPersistentModelIndex cell = m_cell;
-    const QString typed = m_field->text();
+    const QString typed = qobject_cast<QLineEdit *>(m_field)->text();
     const QString text = withoutBlanksAtEnd(typed);
     const QString before = cell.data().toString();
     drop();

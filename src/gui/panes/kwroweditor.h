@@ -57,5 +57,6 @@ private:
     /// What the delay is for.
     QPersistentModelIndex m_asked;
     QPersistentModelIndex m_cell;
-    mutable QPointer<QLineEdit> m_field;
+    /// A line edit, but for the moment in which it is destroyed.
+    mutable QPointer<QObject> m_field;
 };
