@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <sys/stat.h>
 #include <vector>
 
