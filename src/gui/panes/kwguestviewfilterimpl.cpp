@@ -1,6 +1,7 @@
 #include "gui/panes/kwguestviewfilterimpl.h"
 
 #include "gui/appearance/kwcontrast.h"
+#include "gui/framework/kwonelinetext.h"
 #include "gui/panes/kweditkeys.h"
 #include "gui/panes/kwguestlistviewitem.h"
 #include "gui/panes/kwguestslistview.h"
@@ -31,6 +32,7 @@ KWGuestViewFilterImpl::KWGuestViewFilterImpl(QWidget *parent, KWGuestsListView *
     connect(m_ui->m_hideButton, &QToolButton::clicked, this, &Filter::hideAll);
     connect(m_ui->m_findLineEdit, &QLineEdit::textChanged, this, &Filter::find);
     m_ui->m_findLineEdit->installEventFilter(this);
+    keepToOneLine(m_ui->m_findLineEdit);
     connectBoxes();
     hideAll();
     if (view)

@@ -123,8 +123,16 @@ void KWFileCommands::fileOpen()
 
 void KWFileCommands::openExample(const QString &path)
 {
-    if (m_guard->isOff() || !maySaveAndClose())
+    if (m_guard->isOff())
         return;
+    if (m_window->document()->isModified()) {
+        const SaveAnswer answer = askToSave();
+        if (answer == Save)
+            fileSave();
+        // Who follows a link does not expect to lose a plan that was not saved after all.
+        if (answer == Cancel || (answer == Save && m_window->document()->isModified()))
+            return;
+    }
     openPlan(path);
     m_window->widget()->activateWindow();
 }

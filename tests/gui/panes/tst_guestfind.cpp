@@ -73,6 +73,14 @@ private slots:
         QCOMPARE(shown.selected(), s("Anton"));
     }
 
+    void aPastedLineBreakIsABlank()
+    {
+        FindableList shown({s("Ann"), s("Ann Berg")});
+        shown.box->insert(s("ann\nberg"));
+        QCOMPARE(shown.box->text(), s("ann berg"));
+        QCOMPARE(shown.selected(), s("Ann Berg"));
+    }
+
     void everyNameColumnIsSearchedAndNoOther_data()
     {
         QTest::addColumn<QString>("text");

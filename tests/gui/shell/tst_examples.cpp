@@ -94,6 +94,10 @@ private slots:
         followLink(open, s("small.kw"));
         QCOMPARE(open.prompts.texts(), QStringList{s("Save changes to this plan?")});
         QCOMPARE(open.plan().groupCount(), 1);
+        open.prompts.answer(s("&Save"));
+        open.prompts.answerFile({});
+        followLink(open, s("small.kw"));
+        QCOMPARE(open.plan().groupCount(), 1);
         open.prompts.answer(s("&Don't save"));
         followLink(open, s("small.kw"));
         QCOMPARE(open.window.windowTitle(), s("Ambrelune - small.kw"));
