@@ -3,6 +3,7 @@
 #include "support/registeredtest.h"
 
 #include <QScrollBar>
+#include <QStyle>
 #include <QToolTip>
 #include <QWheelEvent>
 
