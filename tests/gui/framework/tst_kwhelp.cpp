@@ -8,6 +8,9 @@
 #include "support/gui/scriptedprompts.h"
 #include "support/registeredtest.h"
 
+#include <QApplication>
+#include <QDialog>
+
 using namespace Qt::StringLiterals;
 
 // Where the help file is looked for, and what the user is told when something is missing.
