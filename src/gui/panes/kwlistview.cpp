@@ -42,6 +42,10 @@ KWListView::KWListView(KWDocument *document, QWidget *parent, const QString &nam
     connect(this, &QTreeWidget::itemDoubleClicked, this,
             [this](QTreeWidgetItem *item) { edit(item); });
     connect(this, &QTreeWidget::itemSelectionChanged, &m_follower, [this] { updateCommands(); });
+    // Another row is the first of the selection when they are sorted, which comes behind this.
+    connect(
+        header(), &QHeaderView::sortIndicatorChanged, &m_follower, [this] { updateCommands(); },
+        Qt::QueuedConnection);
     connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *item, int column) {
         if (!m_secondPress)
             emit rowClicked(item, column);
