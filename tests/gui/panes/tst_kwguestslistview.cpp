@@ -287,6 +287,17 @@ private slots:
         QCOMPARE(shown.window.viewUpdates, 1);
     }
 
+    void sortingSelectedRowsBringsTheCommandsUpToDate()
+    {
+        ShownList shown({s("A"), s("B")});
+        shown.list.selectAll();
+        shown.window.currentView = &shown.list;
+        QCoreApplication::processEvents();
+        shown.window.viewUpdates = 0;
+        shown.list.sortByColumn(Row::DisplayName, Qt::DescendingOrder);
+        QTRY_VERIFY(shown.window.viewUpdates > 0);
+    }
+
     void aClickOnAMarkChangesItBehindAnUndoPoint_data()
     {
         QTest::addColumn<int>("column");
